@@ -1,0 +1,92 @@
+"""The sounds, synthesised: one channel, 22050 samples a second, 16 bits. Every sound begins and ends
+in silence; the engine's is a loop whose end runs into its beginning."""
+import wave
+
+import numpy as np
+
+RATE = 22050
+
+
+def _time(seconds):
+    return np.arange(int(seconds * RATE)) / RATE
+
+
+def _sweep(frequency):
+    """A sine over a course of frequencies."""
+    return np.sin(2 * np.pi * np.cumsum(frequency) / RATE)
+
+
+def _hiss(count, seed, low, high):
+    """Noise between two frequencies; its end runs into its beginning."""
+    rng = np.random.default_rng(seed)
+    f = np.fft.rfftfreq(count, 1 / RATE)
+    shape = np.exp(-(np.log2(np.maximum(f, 1) / np.sqrt(low * high)) / (0.5 * np.log2(high / low))) ** 2)
+    shape[f > 0.45 * RATE] = 0
+    n = np.fft.irfft(shape * np.exp(2j * np.pi * rng.random(len(f))), count)
+    return n / np.abs(n).max()
+
+
+def _shaped(signal, attack, peak):
+    """Brings a sound to a level and lets it start and end softly."""
+    s = signal * np.minimum(1, _time(len(signal) / RATE)[:len(signal)] / attack)
+    fade = min(len(s), int(0.012 * RATE))
+    s[-fade:] *= np.linspace(1, 0, fade)
+    return s / np.abs(s).max() * peak
+
+
+def light_laser():
+    """A quick bright chirp."""
+    t = _time(0.34)
+    f = 320 + 2500 * np.exp(-t * 17)
+    body = _sweep(f) + 0.45 * _sweep(f * 2.01) + 0.22 * _sweep(f * 3.02)
+    body = np.tanh(1.5 * body) * np.exp(-t * 11)
+    snap = _hiss(len(t), 3, 2500, 7000) * np.exp(-t * 60) * 0.8
+    return _shaped(body + snap, 0.002, 0.72)
+
+
+def needle_laser():
+    """Thinner and higher, with a flutter."""
+    t = _time(0.26)
+    f = 700 + 3100 * np.exp(-t * 24)
+    body = _sweep(f) * (0.75 + 0.25 * np.sin(2 * np.pi * 62 * t)) + 0.3 * _sweep(f * 1.5)
+    return _shaped(body * np.exp(-t * 15) + _hiss(len(t), 5, 3000, 8000) * np.exp(-t * 70) * 0.5, 0.002, 0.62)
+
+
+def heavy_laser():
+    """A low thud under a torn, falling tone."""
+    t = _time(0.62)
+    f = 90 + 900 * np.exp(-t * 9)
+    tone = np.tanh(2.6 * (_sweep(f) + 0.5 * _sweep(f * 1.51))) * np.exp(-t * 6.5)
+    thud = _sweep(46 + 90 * np.exp(-t * 22)) * np.exp(-t * 8) * 1.2
+    tear = _hiss(len(t), 9, 500, 3500) * np.exp(-t * 14) * 0.9
+    return _shaped(tone + thud + tear, 0.003, 0.85)
+
+
+def engine(base=55, seconds=2.0, seed=11):
+    """A turbine: partials that fit the loop a whole number of times, over a steady rush of air."""
+    t = _time(seconds)
+    rng = np.random.default_rng(seed)
+    tone = np.zeros_like(t)
+    for k in range(1, 19):
+        turns = round(base * k * seconds) + (1 if k % 3 == 0 else 0)
+        slow = 1 + 0.25 * np.sin(2 * np.pi * rng.integers(1, 4) * t / seconds + rng.random() * 6.28)
+        tone += slow * np.sin(2 * np.pi * turns * t / seconds + rng.random() * 6.28) / k ** 0.95
+    whine = 0.05 * np.sin(2 * np.pi * round(1460 * seconds) * t / seconds)
+    rush = _hiss(len(t), seed + 1, 60, 900)
+    loop = tone / np.abs(tone).max() * 0.62 + whine + 0.55 * rush
+    loop -= loop.mean()
+    rising = np.nonzero((loop[:-1] <= 0) & (loop[1:] > 0))[0]
+    loop = np.roll(loop, -rising[np.argmin(np.abs(loop[rising]))])
+    return loop / np.abs(loop).max() * 0.7
+
+
+SOUNDS = {"laser_light": light_laser, "laser_needle": needle_laser, "laser_heavy": heavy_laser,
+          "engine_fighter": engine, "engine_heavy": lambda: engine(33, 2.4, 29)}
+
+
+def write(path, samples):
+    with wave.open(str(path), "wb") as f:
+        f.setnchannels(1)
+        f.setsampwidth(2)
+        f.setframerate(RATE)
+        f.writeframes(np.clip(samples * 32767, -32768, 32767).astype("<i2").tobytes())

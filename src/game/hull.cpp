@@ -1,0 +1,52 @@
+#include "game/hull.h"
+
+#include "game/control.h"
+#include "game/starship.h"
+#include "xml/xml_element.h"
+
+Hull::Hull(const XMLElement& node) : _StarshipPart(PRT_HULL), _3D_Rep(SLOT_NONE) {
+    checkElement(node, "Hull");
+    readNameAndMass(node);
+    setSize(readNumber(node, "size"));
+    readBody(node);
+    for (XMLElement child = node.getFirstChild(); !child.isNull(); child = child.getNext()) {
+        const std::string element = child.getName();
+        if (element == "Cockpit") continue;
+        if (element != "Slot") {
+            throw Exception("Hull::Hull: Wrong subelement in Hull (" + element + ")");
+        }
+        readSlot(child, "Hull");
+    }
+}
+
+Point4 Hull::getPosition() const {
+    return parent_ship ? parent_ship->getPosition() : _3D_Rep::getPosition();
+}
+
+Vector4 Hull::getOrientation() const {
+    return parent_ship ? parent_ship->getOrientation() : _3D_Rep::getOrientation();
+}
+
+Vector4 Hull::getUp() const {
+    return parent_ship ? parent_ship->getUp() : _3D_Rep::getUp();
+}
+
+Matrix4 Hull::getParentShipMatrix() const {
+    return Matrix4(getPosition(), getOrientation(), getUp());
+}
+
+void Hull::resetStarshipControl() {
+    if (!parent_ship) return;
+    parent_ship->getControl()->reset();
+    parent_ship->getControl()->lock();
+    parent_ship->destroyed = true;
+    parent_ship->showEnd();
+}
+
+void Hull::update(unsigned int timediff) {
+    if (updateTree(timediff) && parent_ship) parent_ship->explode(false);
+}
+
+bool Hull::isPerhapsHit(const _BoundingObject& object, float& damage) {
+    return isHitAt(getPosition(), getOrientation(), getUp(), object, damage);
+}

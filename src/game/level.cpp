@@ -1,0 +1,78 @@
+#include "game/level.h"
+
+#include "game/galaxy.h"
+#include "game/game_event.h"
+#include "game/starship.h"
+#include "game/world.h"
+#include "main/exception.h"
+#include "main/log_factory.h"
+#include "xml/xml_element.h"
+
+#include <iostream>
+
+namespace {
+
+template <typename... Pieces>
+void debugLine(const Pieces&... pieces) {
+    logLine(std::cout, "!! GAME(5): ", pieces...);
+}
+
+}  // namespace
+
+Level::Level(const XMLElement& root_node, Starship* s) : star_ship(s) {
+    debugLine("Level::LEvel: called");
+    if (root_node.getName() != "Level")
+        throw Exception("Level::Level: invalid game file (wrong node type)");
+    debugLine("Level::LEvel: got first child");
+
+    readGalaxies(root_node);
+    debugLine("Level::Level: got galaxies");
+    start_position = root_node.getAttributeAsPoint("user_starship_position");
+    start_orientation = root_node.getAttributeAsVector("user_starship_orientation");
+    start_up = root_node.getAttributeAsVector("user_starship_up");
+    debugLine("Level::Level: starship start position");
+    readChildren(root_node);
+    debugLine("Level::Level: music done");
+    placeShip();
+    debugLine("Level::Level: starship set");
+}
+
+Level::~Level() noexcept(false) = default;
+
+LVLenum Level::run() {
+    try {
+        return galaxies.at(current_galaxy)->run(star_ship);
+    } catch (const LevelEndEvent& end) {
+        return end.getType() == LE_GAME_OVER ? PLAYER_KILLED : LEVEL_END;
+    }
+}
+
+void Level::readGalaxies(const XMLElement& root_node) {
+    const int universe = root_node.getAttributeAsInt("universe_id", 10);
+    logLine(std::cout, "GAME: ", "loading galaxies (universe ", universe, ")...");
+    galaxies = World::getInstance()->getGalaxies(universe);
+
+    current_galaxy = root_node.getAttributeAsInt("start_galaxy", 10);
+    if (!galaxies.contains(current_galaxy))
+        throw Exception("Level::Level: start galaxy doesn't exist (id " +
+                        std::to_string(current_galaxy) + ")");
+}
+
+void Level::readChildren(const XMLElement& root_node) {
+    for (XMLElement child = root_node.getFirstChild(); !child.isNull(); child = child.getNext()) {
+        const std::string name = child.getName();
+        if (name == "Soundtrack")
+            debugLine("Adding background music: ", child.getAttributeAsString("file"));
+        else if (name == "StoryTeller")
+            debugLine("StoryTelle configured ");
+        else
+            throw Exception("Level::Level: invalid game file (wrong node type: " + name + ")");
+    }
+}
+
+void Level::placeShip() {
+    star_ship->setPosition(start_position);
+    star_ship->setOrientation(start_orientation);
+    star_ship->setHeading(start_orientation);
+    star_ship->setUp(start_up);
+}

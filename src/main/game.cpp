@@ -1,0 +1,162 @@
+#include "main/game.h"
+
+#include "3d/font_factory.h"
+#include "game/game_event.h"
+#include "game/level.h"
+#include "game/part_store.h"
+#include "game/starship.h"
+#include "game/world.h"
+#include "main/exception.h"
+#include "main/log_factory.h"
+#include "main/sdl_context.h"
+#include "xml/xml_element.h"
+#include "xml/xml_parser.h"
+
+#include <SDL.h>
+
+#include <array>
+#include <iostream>
+#include <map>
+
+namespace {
+
+struct Section {
+    const char* name;
+    const char* missing;
+};
+
+// In the order in which their absence is reported.
+constexpr std::array<Section, 7> sections = {{
+    {"Fonts", "Game::Game: no fonts section in "},
+    {"MenuConfig", "Game::Game: no menu configuration section in "},
+    {"LevelSection", "Game::Game: no level section in "},
+    {"IntroSection", "Game::Game: no intro section in "},
+    {"PartSection", "Game::Game: no part section in "},
+    {"WorldSection", "Game::Game: no world section in "},
+    {"Starship", "Game::Game: no user starship in "},
+}};
+
+using SectionNodes = std::map<std::string, XMLElement>;
+
+// The root's children by name; of two with one name the later one counts.
+SectionNodes findSections(const XMLElement& root, const std::string& filename) {
+    SectionNodes nodes;
+    for (XMLElement child = root.getFirstChild(); !child.isNull(); child = child.getNext())
+        nodes.insert_or_assign(child.getName(), child);
+    for (const auto& section : sections)
+        if (!nodes.contains(section.name)) throw Exception(section.missing + filename);
+    return nodes;
+}
+
+void logProgress(const std::string& text) {
+    logLine(std::cout, "GAME: ", text);
+}
+
+}  // namespace
+
+/// The level in play. A level must be gone before the next one is built, and its end may throw,
+/// which no smart pointer allows.
+class Game::LoadedLevel {
+public:
+    LoadedLevel() = default;
+    ~LoadedLevel() noexcept(false) { unload(); }
+    LoadedLevel(const LoadedLevel&) = delete;
+    LoadedLevel& operator=(const LoadedLevel&) = delete;
+
+    void load(const XMLElement& node, Starship* player) { level = new Level(node, player); }
+    void unload() { delete std::exchange(level, nullptr); }
+
+    /// The player's loss comes back as a result like any other.
+    LVLenum run() {
+        try {
+            return level->run();
+        } catch (GameOverEvent) {
+            return PLAYER_KILLED;
+        }
+    }
+
+private:
+    Level* level = nullptr;
+};
+
+Game::Game(const std::string& filename) {
+    logProgress("parsing game file <" + filename + ">...");
+    parser = std::make_unique<XMLParser>(filename);
+    game_node = std::make_unique<XMLElement>(parser->getRootElement());
+    if (game_node->getName() != "TarvexGame")
+        throw Exception("Game::Game: invalid game file (root node)");
+    const SectionNodes nodes = findSections(*game_node, filename);
+
+    logProgress("loading fonts...");
+    FontFactory::getInstance()->load(nodes.at("Fonts"));
+    logProgress("loading parts...");
+    PartStore::getInstance()->load(nodes.at("PartSection"));
+    logProgress("loading levels nodes...");
+    loadLevelNodes(nodes.at("LevelSection"));
+    logProgress("loading world...");
+    World::init(nodes.at("WorldSection"), this);
+    logProgress("loading user starship...");
+    user_ship_node = std::make_unique<XMLElement>(nodes.at("Starship"));
+    player = std::make_unique<Starship>(*user_ship_node);
+}
+
+Game::~Game() {
+    player.reset();
+    World::getInstance()->destroy();
+}
+
+void Game::start() {
+    SDLContext::getInstance()->enableEvents(SDL_KEYDOWN);
+    SDLContext::getInstance()->enableEvents(SDL_KEYUP);
+    if (level_nodes.empty() || !*current_level)
+        throw Exception("Game::start: invalid iterator (current_level)");
+
+    LoadedLevel level;
+    loadLevel(level);
+    for (bool loop = true; loop;) {
+        logProgress("running level...");
+        switch (level.run()) {
+            case MENU_ACTIVATION:
+            case SYSTEM_EXIT:
+                loop = false;
+                break;
+            case LEVEL_END:
+                if (++current_level == level_nodes.end()) {
+                    restart(level);
+                } else {
+                    level.unload();
+                    loadLevel(level);
+                }
+                break;
+            case PLAYER_KILLED:
+                restart(level);
+                break;
+            default:
+                throw Exception("Game::run: unknown return value from Level::run");
+        }
+    }
+}
+
+void Game::loadLevelNodes(const XMLElement& level_section) {
+    for (XMLElement child = level_section.getFirstChild(); !child.isNull(); child = child.getNext())
+        level_nodes.push_back(std::make_unique<XMLElement>(child));
+    current_level = level_nodes.begin();
+    logLine(std::cout, "GAME: ", level_nodes.size(), " levels found");
+}
+
+void Game::loadLevel(LoadedLevel& level) {
+    logProgress("loading and initializing level...");
+    level.load(**current_level, player.get());
+}
+
+// Back to the first level with a new ship: all damage, stock and fuel are gone with the old one.
+void Game::restart(LoadedLevel& level) {
+    logProgress("reloading player starship...");
+    player.reset();
+    player = std::make_unique<Starship>(*user_ship_node);
+    const bool lost_in_level = current_level != level_nodes.end();
+    level.unload();
+    if (lost_in_level) logLine(std::cout, "!! GAME(5): ", "level deleted.");
+    current_level = level_nodes.begin();
+    loadLevel(level);
+}

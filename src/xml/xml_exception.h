@@ -1,0 +1,33 @@
+#pragma once
+
+#include "main/exception.h"
+
+/// The base of all failures of the game file.
+class XML_Exception : public Exception {
+public:
+    using Exception::Exception;
+};
+
+/// The game file cannot be read or is malformed.
+class XMLParserException : public XML_Exception {
+public:
+    using XML_Exception::XML_Exception;
+};
+
+/// Navigation from a null element.
+class XMLNoSuchElementException : public XML_Exception {
+public:
+    using XML_Exception::XML_Exception;
+};
+
+/// A missing attribute; the reader of an optional attribute catches it.
+class XMLNoSuchAttributeException : public XML_Exception {
+public:
+    using XML_Exception::XML_Exception;
+};
+
+/// An attribute whose text has the wrong form.
+class XMLWrongAttributeTypeException : public XML_Exception {
+public:
+    using XML_Exception::XML_Exception;
+};

@@ -1,0 +1,100 @@
+#include "3d/opengl.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "3d/camera.h"
+#include "3d/font_factory.h"
+#include "main/exception.h"
+#include "tests/support/temp_dir.h"
+#include "tests/support/window.h"
+#include "xml/xml_element.h"
+#include "xml/xml_parser.h"
+
+using testing::ElementsAre;
+
+namespace {
+
+struct Renderer : testing::Test {
+    OpenGLContext& gl = *(window(), OpenGLContext::getInstance());
+};
+
+/// A green square over a quarter of the window's width and a third of its height, in the middle.
+void drawSquare(const OpenGLContext& gl) {
+    gl.switchTo2D(0, 800, 0, 600);
+    glColor3f(0, 1, 0);
+    glRectf(300, 200, 500, 400);
+    gl.switchTo3D();
+}
+
+}  // namespace
+
+// A dead camera is forgotten, another one's end changes nothing, and frames go on without any.
+TEST_F(Renderer, ObservesTheCurrentCamera) {
+    auto current = std::make_unique<Camera>();
+    gl.setCurrentCamera(current.get());
+    { Camera copy = *current; }
+    EXPECT_THROW(gl.setCurrentCamera(nullptr), Exception);
+    EXPECT_EQ(gl.getCurrentCamera(), current.get());
+    current.reset();
+    EXPECT_EQ(gl.getCurrentCamera(), nullptr);
+    gl.startFrame(true);
+    gl.reshape(800, 600);
+}
+
+// A frame starts empty, and the lamp hangs in the world, so it moves with the view. The wish for
+// lighting is followed in both directions.
+TEST_F(Renderer, FrameBringsLightIntoPlace) {
+    Camera camera({0, 50, 10, 1}, {0, 1, 0, 1}, {0, 50, 0, 1});
+    gl.setCurrentCamera(&camera);
+    drawSquare(gl);
+    for (const bool lit : {true, false, true}) {
+        gl.setLighting(lit);
+        gl.startFrame(true);
+        EXPECT_TRUE(glIsEnabled(GL_LIGHTING) == lit && glIsEnabled(GL_LIGHT0) == lit);
+    }
+    float position[4];
+    glGetLightfv(GL_LIGHT0, GL_POSITION, position);
+    EXPECT_THAT(position, ElementsAre(0, 0, -10, 1));
+    EXPECT_THAT(readPixel(400, 300), ElementsAre(0, 0, 0));
+}
+
+// An overlay stands on its own, whatever matrix mode and polygons the scene left behind, and gives
+// the scene's view back.
+TEST_F(Renderer, OverlayLeavesTheSceneAlone) {
+    gl.startFrame(false);
+    gl.getLightFactory()->deactivateLighting();
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    for (int i = 0; i < 2; ++i) drawSquare(gl);
+    EXPECT_THAT(readPixel(310, 390), ElementsAre(0, 255, 0)) << "filled";
+    EXPECT_THAT(readPixel(290, 410), ElementsAre(0, 0, 0));
+    glRectf(-1, -1, 0, 0);
+    EXPECT_THAT(readPixel(10, 10), ElementsAre(0, 255, 0)) << "the scene's view again";
+}
+
+// The figure stands in the upper right corner and counts the frames since the timer's last tick.
+TEST_F(Renderer, FrameEndShowsTheFrameRate) {
+    const TempDir folder;
+    XMLParser fonts(folder.write(
+        "fonts.xml",
+        "<!DOCTYPE Fonts><Fonts><GlutFont name='helvetica_big' type='B_HELVETICA_18'/></Fonts>"));
+    FontFactory::getInstance()->load(fonts.getRootElement());
+    const auto shownAfter = [&](int frames) {
+        for (int i = 0; i < frames; ++i) gl.endFrame();
+        EXPECT_EQ(updateFPS(2000, nullptr), 2000u) << "the timer goes on";
+        gl.startFrame(false);
+        gl.endFrame();
+        const Image corner = gl.captureScreen(700, 560, 100, 40);
+        return std::string(reinterpret_cast<const char*>(corner.getPixels()), 100UL * 40 * 4);
+    };
+    shownAfter(0);
+    const std::string none = shownAfter(0);
+    EXPECT_NE(shownAfter(20), none);
+    EXPECT_EQ(shownAfter(0), none);
+}

@@ -1,0 +1,82 @@
+#include "game/3d_rep.h"
+
+#include <gtest/gtest.h>
+
+#include "game/cannon.h"
+#include "game/engine.h"
+#include "game/hull.h"
+#include "game/wing.h"
+#include "tests/support/failure.h"
+#include "tests/support/ship_yard.h"
+#include "tests/support/stage.h"
+
+namespace {
+
+/// Parts of the yard's catalogue, not mounted yet.
+struct Parts {
+    ShipYard yard;
+    const PartStore& store = *PartStore::getInstance();
+    std::unique_ptr<Hull> hull{store.getHull("hull")};
+    std::unique_ptr<Wing> wing{store.getWing("wing")}, tip{store.getWing("wing")};
+    std::unique_ptr<Cannon> cannon{store.getCannon("cannon")};
+    std::unique_ptr<Engine> engine{store.getEngine("engine")};
+};
+
+// Wings and weapons share their slots, engines have their own; the lowest free slot is filled.
+// Of several things wrong, the index is told first, then the missing item, then the misfit.
+TEST(Slots, TakeWhatFits) {
+    Parts p;
+    const std::initializer_list<_3D_Rep*> parts{p.cannon.get(), p.wing.get(), p.engine.get()};
+    for (_3D_Rep* part : parts) p.hull->addItem(part);
+    EXPECT_EQ(p.cannon->getParentSlotNumber(), 0);
+    EXPECT_EQ(p.wing->getParentSlotNumber(), 2);
+    EXPECT_EQ(p.hull->getSlot(1).item, p.engine.get());
+    p.wing->addItem(p.tip.get());  // a wing in a weapon's slot
+
+    const std::string invalid = "_3D_Rep: invalid slot", null = "_3D_Rep:.addItem: null pointer";
+    for (const auto& [slot, item, message] :
+         {std::tuple<int, _3D_Rep*, std::string>{-1, nullptr, invalid},
+          {3, p.tip.get(), invalid},
+          {1, nullptr, null},
+          {1, p.tip.get(), invalid}})
+        EXPECT_EQ(failureOf([&, &slot = slot, &item = item] { p.hull->addItem(slot, item); }),
+                  message)
+            << slot;
+    EXPECT_EQ(failureOf([&] { p.tip->addItem(p.engine.get()); }), invalid);
+    EXPECT_EQ(failureOf([&] { p.hull->getSlot(3); }), invalid);
+}
+
+// A mounted part knows its place: in its parent's model space, on the ship, and in the world.
+TEST(Slots, PlaceTheirItems) {
+    Parts p;
+    p.hull->addItem(2, p.wing.get());
+    p.wing->addItem(p.cannon.get());
+    EXPECT_EQ(p.wing->getBoundingObject()->getCenter(), Point4(4, 1, 0, 1));
+    EXPECT_EQ(p.cannon->getMatrix().getTranslation(), Vector4(4, 1, 4, 1));
+    EXPECT_EQ(p.cannon->getPosition(), Point4(4, 1, 4, 1));
+    EXPECT_THROW(p.hull->getTotalBoundingBox(), Exception) << "not attached yet";
+    p.hull->transformBoundingObject(Point4(), Vector4(0, 0, 1, 1), Vector4(0, 1, 0, 1));
+    EXPECT_EQ(p.hull->getTotalBoundingBox().getCenter(), Point4(2, 0.5f, 2, 1));
+    EXPECT_FLOAT_EQ(p.hull->getTotalBoundingBox().getVX(), 3);
+}
+
+// A part that has exploded is gone; what hangs on it is still there until it explodes as well.
+TEST(Parts, AreDrawnAtTheirSlotsUntilTheyExplode) {
+    Parts p;
+    _3D_Rep& hull = *p.hull;
+    hull.addItem(2, p.wing.get());
+    const Stage stage;
+    const auto drawn = [&] {
+        const std::array black{0, 0, 0};
+        stage.clear();
+        hull.draw(DRAW_FLAT);
+        return std::pair(stage.at(0, 0) != black, stage.at(4, 1) != black);
+    };
+    EXPECT_EQ(drawn(), std::pair(true, true));
+    hull.explode();
+    EXPECT_EQ(drawn(), std::pair(false, true));
+    hull.update(10);
+    EXPECT_EQ(drawn(), std::pair(false, false)) << "the explosion has reached the wing";
+}
+
+}  // namespace

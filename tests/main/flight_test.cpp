@@ -1,0 +1,298 @@
+// The game as a person meets it: the real program or the real driver, a window, and keys that come
+// through the display server.
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <thread>
+
+#include "3d/font_factory.h"
+#include "game/camera_management.h"
+#include "game/engine.h"
+#include "game/galaxy.h"
+#include "game/game_camera_interface.h"
+#include "game/part_store.h"
+#include "game/player_control.h"
+#include "game/reactor.h"
+#include "game/starship.h"
+#include "game/tank.h"
+#include "tests/support/capture.h"
+#include "tests/support/game_run.h"
+#include "tests/support/screen.h"
+#include "tests/support/tiny_game.h"
+#include "tests/support/window.h"
+#include "xml/xml_element.h"
+#include "xml/xml_parser.h"
+
+namespace {
+
+void sleepMs(int ms) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(ms));
+}
+
+/// Types keys into the window from a process of its own, and Esc at the end until it is stopped.
+class Typist {
+public:
+    explicit Typist(const std::string& keys) : pid(fork()) {
+        if (pid != 0) return;
+        setpgid(0, 0);
+        const std::string script = "sleep 0.4; for k in " + keys +
+                                   "; do xdotool key $k; sleep 0.1; done; sleep 0.3; "
+                                   "while xdotool key Escape; do sleep 0.3; done";
+        execl("/bin/sh", "sh", "-c", script.c_str(), nullptr);
+        _exit(127);
+    }
+    ~Typist() { kill(-pid, SIGTERM); }
+    Typist(const Typist&) = delete;
+    Typist& operator=(const Typist&) = delete;
+
+private:
+    pid_t pid;
+};
+
+/// A ship in the galaxy of the tiny game, flown by typed keys until Esc.
+class TypedFlight {
+public:
+    TypedFlight() : before(std::filesystem::current_path()) {
+        std::filesystem::current_path(tiny.getDirectory());
+        const Capture silence(std::cout);
+        parser = std::make_unique<XMLParser>("../data/game.xml");
+        FontFactory::getInstance()->load(find(parser->getRootElement(), "Fonts"));
+        PartStore::getInstance()->load(find(parser->getRootElement(), "PartSection"));
+        window().enableEvents(SDL_KEYDOWN);
+    }
+    ~TypedFlight() {
+        window().disableEvents(SDL_KEYDOWN);
+        PartStore::getInstance()->clear();
+        std::filesystem::current_path(before);
+    }
+    TypedFlight(const TypedFlight&) = delete;
+    TypedFlight& operator=(const TypedFlight&) = delete;
+
+    /// Whether all is as it should be at the end of a flight with these keys.
+    bool fly(const std::string& keys, const std::function<bool()>& seen) {
+        const Capture silence(std::cout);
+        const XMLElement root = parser->getRootElement();
+        const XMLElement universe = find(find(root, "WorldSection"), "Universe");
+        Galaxy galaxy(find(universe, "Galaxy"), nullptr);
+        Starship ship(find(root, "Starship"));
+        const Typist typist(keys);
+        return galaxy.run(&ship) == MENU_ACTIVATION && seen();
+    }
+
+private:
+    static XMLElement find(const XMLElement& parent, const std::string& name) {
+        XMLElement child = parent.getFirstChild();
+        while (child.getName() != name) child = child.getNext();
+        return child;
+    }
+
+    TinyGame tiny;
+    std::filesystem::path before;
+    std::unique_ptr<XMLParser> parser;
+};
+
+Starship& player() {
+    return *dynamic_cast<Starship*>(CameraManagement::getInstance()->getPlayerObject());
+}
+
+bool watches(CAMPOSenum which) {
+    return CameraManagement::getInstance()->getCurrentCamera() == player().getCamera(which);
+}
+
+bool watchesType(CAMTYPEenum type) {
+    return CameraManagement::getInstance()->getCurrentCameraType() == type;
+}
+
+struct KeyCase {
+    const char* keys;
+    std::function<bool()> seen;
+};
+
+}  // namespace
+
+// Each key reaches the ship or the camera that it is meant for, and turns it the right way.
+TEST(Flight, KeysFlyTheShipAndChooseTheCamera) {
+    window();
+    const auto nose = [] { return player().getOrientation(); };
+    const auto camera_pitch = [](int sign) {
+        return [sign] {
+            const auto view = CameraManagement::getInstance()->getCurrentCamera()->getMatrix();
+            // How far the view's depth axis, which points back at the eye, leans to the world's y.
+            return sign * view.getFloatp()[6] > 0.01F;
+        };
+    };
+    const KeyCase cases[] = {
+        {"a", [&] { return nose().x > 0.01F && std::abs(nose().y) < 1e-3F; }},
+        {"d", [&] { return nose().x < -0.01F && std::abs(nose().y) < 1e-3F; }},
+        {"w", [&] { return nose().y < -0.01F && std::abs(nose().x) < 1e-3F; }},
+        {"s", [&] { return nose().y > 0.01F && std::abs(nose().x) < 1e-3F; }},
+        {"q", [&] { return std::abs(player().getUp().x) > 0.01F && nose().z > 0.999F; }},
+        {"e", [&] { return std::abs(player().getUp().x) > 0.01F && nose().z > 0.999F; }},
+        {"Up Up Up", [] { return player().getControl()->getThrottle() == 30; }},
+        {"Up Up Down",
+         [] { return player().getVelocity() > 1 && player().getTank()->getFuel() < 100000; }},
+        {"Return Return", [] { return player().getGalaxy()->getNumLasers() == 4; }},
+        {"space", [] { return player().getSelectedObject() != nullptr; }},
+        {"F3", [] { return watchesType(CAM_PLANET); }},
+        {"F3 F1", [] { return watches(CPOS_FRONT); }},
+        {"F3 F2 F8", [] { return watchesType(CAM_STARSHIP) && watches(CPOS_BACK); }},
+        {"F6", [] { return watches(CPOS_LEFT); }},
+        {"F7", [] { return watches(CPOS_RIGHT); }},
+        {"F8 F5", [] { return watches(CPOS_FRONT); }},
+        {"F3 Prior", [] { return watchesType(CAM_PLANET) && !watches(CPOS_FRONT); }},
+        {"F6 Prior Next", [] { return watches(CPOS_LEFT); }},
+        {"F12", [] { return CameraManagement::getInstance()->isAutoWeapon(); }},
+        {"F12", [] { return !CameraManagement::getInstance()->isAutoWeapon(); }},
+        {"alt+Up alt+Up", camera_pitch(-1)},
+        {"alt+Down alt+Down", camera_pitch(1)},
+    };
+    TypedFlight flight;
+    for (const auto& [keys, seen] : cases) EXPECT_TRUE(flight.fly(keys, seen)) << keys;
+}
+
+namespace {
+
+constexpr size_t screenshot_size = 18 + 800 * 600 * 3;
+
+/// A folder whose "data" is the shipped data set.
+class ShippedGame {
+public:
+    ShippedGame() {
+        folder.write("build/.keep", "");
+        std::filesystem::create_directory_symlink(TARVEX_SOURCE_DIR "/data", folder / "data");
+    }
+    std::string getDirectory() const { return folder / "build"; }
+
+private:
+    TempDir folder;
+};
+
+std::string readFile(const std::string& name) {
+    std::ifstream in(name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+/// Waits until the file is there in full.
+std::string readScreenshot(const std::string& directory) {
+    const std::string file = directory + "/screenshot.tga";
+    for (int tries = 0; tries < 200 && readFile(file).size() < screenshot_size; ++tries)
+        sleepMs(50);
+    return readFile(file);
+}
+
+/// The picture in a screenshot file, in the order of the screen: top row first, red first.
+screen::Picture decode(const std::string& tga) {
+    screen::Picture picture;
+    for (int row = 599; row >= 0; --row)
+        for (int column = 0; column < 800; ++column)
+            for (const int colour : {2, 1, 0})
+                picture.push_back(
+                    static_cast<unsigned char>(tga[18 + (row * 800 + column) * 3 + colour]));
+    return picture;
+}
+
+size_t litPixels(const screen::Picture& picture) {
+    size_t lit = 0;
+    for (size_t i = 0; i < picture.size(); i += 3)
+        lit += picture[i] + picture[i + 1] + picture[i + 2] > 90;
+    return lit;
+}
+
+/// Waits for the first frame with something in it, so that keys are listened to.
+bool waitForFlight(GameRun& run) {
+    if (!run.waitForOutput("GAME: running level...")) return false;
+    for (int tries = 0; tries < 200; ++tries) {
+        if (litPixels(screen::capture()) > 200) return true;
+        sleepMs(50);
+    }
+    return false;
+}
+
+}  // namespace
+
+TEST(Flight, ShippedGameLogsItsStartAndAnswersTheGlobalKeys) {
+    const ShippedGame shipped;
+    GameRun run(shipped.getDirectory());
+    ASSERT_TRUE(waitForFlight(run)) << run.out() << run.err();
+
+    size_t at = 0;
+    for (const char* line : {"MAIN: initializing SDL...\n",
+                             "SDL: initializing video (using opengl)...\n",
+                             "SDL: setting up opengl...\n",
+                             "SDL: OpenGLContext:\n* OpenGL vendor: ",
+                             "SDL: initializing audio...\n",
+                             "SDL: found ",
+                             "MAIN: initializing game...\n",
+                             "GAME: parsing game file <../data/game.xml>...\n",
+                             "GAME: loading fonts...\n",
+                             "GAME: loading parts...\n",
+                             "GAME: Loading Part 1: ",
+                             "GAME: loading levels nodes...\n",
+                             " levels found\n",
+                             "GAME: loading world...\n",
+                             "GAME: loading user starship...\n",
+                             "MAIN: starting game...\n",
+                             "GAME: loading and initializing level...\n",
+                             "!! GAME(5): Level::LEvel: called\n",
+                             "GAME: creating galaxy 0\n",
+                             "GAME: loading game objects...\n",
+                             "!! GAME(5): Level::Level: starship set\n",
+                             "GAME: running level...\n"}) {
+        const size_t found = run.out().find(line, at);
+        ASSERT_NE(found, std::string::npos) << line << run.out();
+        at = found;
+    }
+    EXPECT_EQ(run.err(), "");
+
+    screen::press("alt+c");  // the changing figure of the frame rate would be a difference
+    sleepMs(200);
+    screen::Picture before = screen::capture();
+    for (const char* mode : {"alt+w", "alt+f", "alt+p", "alt+t", "alt+n"}) {
+        screen::press(mode);
+        sleepMs(300);
+        const screen::Picture after = screen::capture();
+        EXPECT_GT(screen::difference(before, after), 0.002) << mode;
+        before = after;
+    }
+
+    screen::press("Print");
+    EXPECT_EQ(readScreenshot(shipped.getDirectory()).size(), screenshot_size);
+
+    screen::press("alt+Return");
+    sleepMs(500);
+    EXPECT_TRUE(run.isRunning());
+    screen::press("alt+Return");
+    sleepMs(500);
+    EXPECT_LT(screen::difference(before, screen::capture()), 0.2) << "back in the window";
+
+    screen::press("Escape");
+    EXPECT_EQ(run.wait(), 0) << run.err();
+    EXPECT_EQ(run.err(), "");
+}
+
+TEST(Flight, ScreenshotEqualsTheScreenAndClosingTheWindowEnds) {
+    TinyGame still;
+    still.write("data/planet.ASE", boxModel(20))
+        .replace("rep3d='../data/box.ASE' pos='P(0|0|400)'",
+                 "rep3d='../data/planet.ASE' pos='P(30|40|150)'");
+    GameRun run(still.getDirectory());
+    ASSERT_TRUE(waitForFlight(run)) << run.out() << run.err();
+    screen::press("alt+c");
+    sleepMs(300);
+    screen::press("Print");
+    const std::string file = readScreenshot(still.getDirectory());
+    ASSERT_EQ(file.size(), screenshot_size);
+    EXPECT_EQ(decode(file), screen::capture());
+
+    screen::closeWindow();
+    EXPECT_EQ(run.wait(), 0) << run.err();
+    EXPECT_EQ(run.err(), "");
+}
