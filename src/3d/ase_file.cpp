@@ -31,6 +31,7 @@ std::unique_ptr<AseFile> AseFile::open(const std::string& filename) {
 
 AseFile::AseFile(std::string content)
     : text(std::move(content)),
+      end(text.size()),
       objects(findAll(geometry_object)),
       materials(findAll(material)),
       sub_materials(findAll(sub_material)) {}
@@ -38,7 +39,7 @@ AseFile::AseFile(std::string content)
 bool AseFile::getToken(std::string_view& token) {
     skipWhite();
     const std::size_t start = pos;
-    while (pos < text.size() && !isWhite(text[pos])) ++pos;
+    while (pos < end && !isWhite(text[pos])) ++pos;
     if (pos == start) return false;
     token = std::string_view(text).substr(start, pos - start);
     return true;
@@ -46,8 +47,8 @@ bool AseFile::getToken(std::string_view& token) {
 
 void AseFile::dropLine() {
     const std::string_view line = std::string_view(text).substr(pos, longest_dropped_line);
-    const std::size_t end = line.find('\n');
-    pos += end == std::string_view::npos ? line.size() : end + 1;
+    const std::size_t feed = line.find('\n');
+    pos += feed == std::string_view::npos ? line.size() : feed + 1;
 }
 
 bool AseFile::getCorners(int& a, int& b, int& c) {
@@ -70,8 +71,14 @@ bool AseFile::moveToFaceMaterial() {
     return false;
 }
 
+bool AseFile::moveToObject(int i) {
+    const bool there = moveTo(objects, 0, i);
+    end = text.size();
+    return there;
+}
+
 int AseFile::getNumObjects() {
-    pos = 0;
+    rewind();
     int num = 0;
     std::string_view token;
     while (getToken(token)) {
@@ -85,7 +92,7 @@ int AseFile::getNumObjects() {
 }
 
 int AseFile::getNumMaterials() {
-    pos = 0;
+    rewind();
     moveToNext("*MATERIAL_COUNT");
     int declared = 0;
     getNumbers(declared);
@@ -160,8 +167,8 @@ bool AseFile::parse(Number& value) {
     const char next = start + 1 < text.size() ? text[start + 1] : '\0';
     if (start < text.size() && text[start] == '+' && next != '-')
         ++start;  // not known to from_chars
-    const char* end = text.data() + text.size();
-    const auto result = std::from_chars(text.data() + start, end, value);
+    const char* text_end = text.data() + text.size();
+    const auto result = std::from_chars(text.data() + start, text_end, value);
     if (result.ec != std::errc()) return false;
     pos = static_cast<std::size_t>(result.ptr - text.data());
     return true;
@@ -181,9 +188,9 @@ void AseFile::skipWhite() {
 std::size_t AseFile::find(std::string_view name, std::size_t from) const {
     for (std::size_t at = text.find(name, from); at != std::string::npos;
          at = text.find(name, at + 1)) {
-        const std::size_t end = at + name.size();
+        const std::size_t behind = at + name.size();
         const bool starts = at == from || isWhite(text[at - 1]);
-        const bool ends = end == text.size() || isWhite(text[end]);
+        const bool ends = behind == text.size() || isWhite(text[behind]);
         if (starts && ends) return at;
     }
     return std::string::npos;
@@ -203,7 +210,13 @@ AseFile::Positions AseFile::findAll(std::string_view name) {
 
 bool AseFile::moveTo(const Positions& positions, std::size_t from, int i) {
     const auto first = std::lower_bound(positions.begin(), positions.end(), from);
-    const bool there = i <= positions.end() - first;
-    pos = there ? first[i - 1] : text.size();
-    return there;
+    const auto num = positions.end() - first;
+    pos = i <= num ? first[i - 1] : text.size();
+    end = i < num ? first[i] : text.size();
+    return i <= num;
+}
+
+void AseFile::rewind() {
+    pos = 0;
+    end = text.size();
 }

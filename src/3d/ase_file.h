@@ -44,7 +44,9 @@ public:
     bool moveToFaceMaterial();
     /// Each goes behind the i-th such token of the file; false, and to the end, when there are
     /// fewer.
-    bool moveToObject(int i) { return moveTo(objects, 0, i); }
+    bool moveToObject(int i);
+    /// The file then seems to end behind the next token of the same name, so that no material is
+    /// read further than to the next one, however many there are.
     bool moveToMaterial(int i) { return moveTo(materials, 0, i); }
     /// The same, counted from the present position.
     bool moveToSubMaterial(int i) { return moveTo(sub_materials, pos, i); }
@@ -95,9 +97,11 @@ private:
     /// Behind each token `name`.
     Positions findAll(std::string_view name);
     bool moveTo(const Positions& positions, std::size_t from, int i);
+    void rewind();
 
     std::string text;
     std::size_t pos = 0;
+    std::size_t end;  // where tokens end for the present
     Positions objects;
     Positions materials;
     Positions sub_materials;

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <cmath>
 #include <iostream>
-#include <utility>
 
 namespace {
 

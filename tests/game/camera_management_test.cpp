@@ -70,6 +70,7 @@ TEST_F(Cameras, ASetWhoseObjectHasDiedIsNeverUsedAgain) {
     EXPECT_TRUE(shows(player, CPOS_FRONT));
 
     management.changeCamera(CAM_EXPLOSION, player.get());
+    management.setPlayerObject(middle.get());  // refused: there is one
     player.reset();
     management.changeCamera(CHG_CURR_BACK);
     EXPECT_EQ(exploding(), nullptr) << "nowhere else to go";
@@ -96,7 +97,6 @@ TEST_F(Cameras, ARidingCameraFollowsTheObjectAndTurnsToAnyPoint) {
         camera.setTarget(target);
         EXPECT_NEAR(seen(camera, target).z, -Vector4(place(105, 2, 0), target).getLength(), 1e-3);
         EXPECT_GT(seen(camera, target + direction(0, 1, 0)).y, -1e-3) << "upright at " << target;
-        EXPECT_NEAR(camera.getMatrix().getX().getLength(), 1, 1e-3) << "squeezed at " << target;
     }
 }
 

@@ -27,8 +27,9 @@ TEST(Reactor, BurnsNoMoreThanItMayAndFindsAndCanStore) {
         EXPECT_FLOAT_EQ(battery.getBatCharge(), charge);
         EXPECT_FLOAT_EQ(ship->getTank()->getFuel(), fuel);
     }
-    EXPECT_FLOAT_EQ(battery.drawPower(180, 180), 180);
+    battery.drawPower(175);
     EXPECT_FLOAT_EQ(battery.drawPower(30, 30), 0);
+    EXPECT_FLOAT_EQ(battery.drawPower(5, 25), 5) << "just enough";
     EXPECT_FLOAT_EQ(battery.drawPower(30), 20);
     ship->getTank()->drawFuel(637);
     battery.update(1000);

@@ -2,6 +2,7 @@
 // through the display server.
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -42,14 +43,18 @@ class Typist {
 public:
     explicit Typist(const std::string& keys) : pid(fork()) {
         if (pid != 0) return;
-        setpgid(0, 0);
         const std::string script = "sleep 0.4; for k in " + keys +
                                    "; do xdotool key $k; sleep 0.1; done; sleep 0.3; "
                                    "while xdotool key Escape; do sleep 0.3; done";
         execl("/bin/sh", "sh", "-c", script.c_str(), nullptr);
         _exit(127);
     }
-    ~Typist() { kill(-pid, SIGTERM); }
+    ~Typist() {
+        // Only the script: a key that xdotool holds down at this moment still has to come up.
+        kill(pid, SIGTERM);
+        waitpid(pid, nullptr, 0);
+        sleepMs(100);
+    }
     Typist(const Typist&) = delete;
     Typist& operator=(const Typist&) = delete;
 
