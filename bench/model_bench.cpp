@@ -25,7 +25,8 @@ std::string largeModel() {
          << side * side << "\n\t\t*MESH_NUMFACES " << faces << "\n\t\t*MESH_NUMTVERTEX "
          << side * side << "\n";
     for (int i = 0; i < side * side; ++i) {
-        const double x = i % side - 50.125, y = i / side - 50.375;
+        const int column = i % side, row = i / side;
+        const double x = column - 50.125, y = row - 50.375;
         text << "\t\t\t*MESH_VERTEX    " << i << "\t" << x << "\t" << y << "\t"
              << x * y / quads_per_side << "\n";
     }
@@ -42,7 +43,8 @@ std::string largeModel() {
              << " AB:    1 BC:    1 CA:    0\t *MESH_SMOOTHING 1 \t*MESH_MTLID 0\n";
     }
     for (int i = 0; i < side * side; ++i) {
-        text << "\t\t\t*MESH_TVERT " << i << "\t" << i % side / 100.0 << "\t" << i / side / 100.0
+        const int column = i % side, row = i / side;
+        text << "\t\t\t*MESH_TVERT " << i << "\t" << column / 100.0 << "\t" << row / 100.0
              << "\t0.0000\n";
     }
     for (int i = 0; i < faces; ++i) {

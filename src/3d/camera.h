@@ -29,6 +29,11 @@ public:
     void rotateY(float phi);
     void rotateZ(float phi);
 
+    /// The camera cannot bank: these change nothing.
+    void rollX(float) {}
+    void rollY(float) {}
+    void rollZ(float) {}
+
     void activate() const override;
 
     friend std::ostream& operator<<(std::ostream& out, const Camera& camera);

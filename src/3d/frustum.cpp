@@ -4,14 +4,6 @@
 #include "3d/bounding_sphere.h"
 #include "3d/matrix.h"
 
-namespace {
-
-float distance(const Plane& plane, const Point4& p) {
-    return plane.a * p.x + plane.b * p.y + plane.c * p.z + plane.d;
-}
-
-}  // namespace
-
 void Frustum::update() {
     const Matrix4 clip(MATRIX_GL_FRUSTUM);
     front = clip.getFrontPlane();
@@ -37,10 +29,9 @@ bool Frustum::isVisible(const BoundingBox& bb) const {
 }
 
 bool Frustum::isVisible(const BoundingSphere& bs) const {
-    const Point4 center = bs.getCenter().homogenize();
     const float radius = bs.getRadius();
     for (const Plane* plane : {&front, &back, &left, &right, &top, &bottom})
-        if (distance(*plane, center) <= -radius) return false;
+        if (plane->getDistance(bs.getCenter()) <= -radius) return false;
     return true;
 }
 

@@ -60,7 +60,7 @@ public:
     const AccumBuffer& getAccumBuffer() const { return acc_buffer; }
     const StencilBuffer& getStencilBuffer() const { return stc_buffer; }
 
-    /// Wishes, which take effect with the next frame or the next request for blending.
+    /// Take effect with the next frame, or the next request for blending.
     void setLighting(bool on) { light_on = on; }
     void setBlending(bool on) { blend_on = on; }
     void setShowFPS(bool on) { show_fps = on; }

@@ -29,10 +29,15 @@ public:
     /// The foot of the perpendicular from `p`.
     Point4 project(const Point4& p) const;
 
-    bool isInside(const Point4& p) const { return valueAt(p) >= 0; }
-    bool isOutside(const Point4& p) const { return valueAt(p) < 0; }
+    /// The distance of `p`, above 0 on the inside.
+    float getDistance(Point4 p) const {
+        p.homogenize();
+        return a * p.x + b * p.y + c * p.z + d;
+    }
+    bool isInside(const Point4& p) const { return getDistance(p) >= 0; }
+    bool isOutside(const Point4& p) const { return getDistance(p) < 0; }
     /// Exact, without tolerance.
-    bool isOnPlane(const Point4& p) const { return valueAt(p) == 0; }
+    bool isOnPlane(const Point4& p) const { return getDistance(p) == 0; }
 
     /// Where `l` meets the plane. Throws IntersectException when they are parallel.
     Point4 operator&(const Line& l) const;
@@ -41,13 +46,6 @@ public:
     float b = 0;
     float c = 0;
     float d = 0;
-
-private:
-    /// The plane's equation at the homogenized point: the distance, above 0 on the inside.
-    float valueAt(Point4 p) const {
-        p.homogenize();
-        return a * p.x + b * p.y + c * p.z + d;
-    }
 };
 
 /// Writes "(a)x + (b)y + (c)z + (d) = 0".

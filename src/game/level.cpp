@@ -28,8 +28,8 @@ Level::Level(const XMLElement& root_node, Starship* s) : star_ship(s) {
     readGalaxies(root_node);
     debugLine("Level::Level: got galaxies");
     start_position = root_node.getAttributeAsPoint("user_starship_position");
-    start_orientation = root_node.getAttributeAsVector("user_starship_orientation");
-    start_up = root_node.getAttributeAsVector("user_starship_up");
+    start_orientation = root_node.getAttributeAsDirection("user_starship_orientation");
+    start_up = root_node.getAttributeAsDirection("user_starship_up");
     debugLine("Level::Level: starship start position");
     readChildren(root_node);
     debugLine("Level::Level: music done");
@@ -43,7 +43,14 @@ LVLenum Level::run() {
     try {
         return galaxies.at(current_galaxy)->run(star_ship);
     } catch (const LevelEndEvent& end) {
-        return end.getType() == LE_GAME_OVER ? PLAYER_KILLED : LEVEL_END;
+        switch (end.getType()) {
+            case LE_FINISHED:
+                return LEVEL_END;
+            case LE_GAME_OVER:
+                return PLAYER_KILLED;
+            default:
+                return SYSTEM_EXIT;
+        }
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include <map>
 #include <memory>
-#include <string>
 
 #include "3d/point.h"
 #include "3d/vector.h"
@@ -26,7 +25,7 @@ public:
     /// Loads all galaxies of the level's universe and puts the player's ship, which is not owned,
     /// at its start. Throws Exception, or a child of it, on any fault of the game file.
     Level(const XMLElement& root_node, Starship* s);
-    /// Ends everything that lives in the level. May throw by rule: no smart pointer runs it.
+    /// Ends everything that lives in the level. It may throw, so no smart pointer may own a level.
     ~Level() noexcept(false);
     Level(const Level&) = delete;
     Level& operator=(const Level&) = delete;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
 #include "game/rotating_game_object.h"
 
@@ -10,7 +9,7 @@ class XMLElement;
 
 /// A planet: a large turning model that stays in its place, with a layer of clouds that drifts
 /// where the file names one. Ships and shots collide with a sphere some way above the surface, and
-/// the player can land on it. Galaxies build planets and hold them to their own end.
+/// the player can land on it. A galaxy builds its planets and keeps them as long as it lives.
 class Planet : public _RotatingGameObject {
 public:
     /// Reads a "Planet" element. Throws Exception on any other.

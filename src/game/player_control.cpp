@@ -5,6 +5,7 @@
 #include "main/sdl_context.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace {
@@ -18,9 +19,9 @@ enum { FIRE_BUTTON = 0, SELECT_BUTTON = 1, WEAPON_BUTTON = 2, NUM_BUTTONS = 10 }
 constexpr float rate_per_axis = 0.000305185095f;  // full stick is a rate of 10
 constexpr float roll_per_axis = 2 * rate_per_axis;
 
-/// The throttle of a lever that stands at 32767 when closed and at -32768 when open.
+/// The throttle, in whole percent, of a lever at 32767 when closed and at -32768 when open.
 int leverToThrottle(int axis) {
-    return static_cast<int>((static_cast<float>(axis) - 32767) / -655.36f + 0.5f);
+    return static_cast<int>(std::lround((static_cast<float>(axis) - 32767) / -655.36f));
 }
 
 }  // namespace
@@ -32,21 +33,21 @@ void PlayerControl::handleEvents(const SDL_Event& event) {
     if (event.type != SDL_KEYDOWN) return;
 
     struct TurnKey {
-        SDLKey key;
         float PlayerControl::*rate;
+        SDLKey key;
         float change;
     };
     static constexpr TurnKey turn_keys[] = {
-        {SDLK_a, &PlayerControl::heading_angle, -1}, {SDLK_d, &PlayerControl::heading_angle, 1},
-        {SDLK_e, &PlayerControl::roll_angle, 1},     {SDLK_q, &PlayerControl::roll_angle, -1},
-        {SDLK_s, &PlayerControl::pitch_angle, -1},   {SDLK_w, &PlayerControl::pitch_angle, 1},
+        {&PlayerControl::heading_angle, SDLK_a, -1}, {&PlayerControl::heading_angle, SDLK_d, 1},
+        {&PlayerControl::roll_angle, SDLK_e, 1},     {&PlayerControl::roll_angle, SDLK_q, -1},
+        {&PlayerControl::pitch_angle, SDLK_s, -1},   {&PlayerControl::pitch_angle, SDLK_w, 1},
     };
     static constexpr std::pair<SDLKey, int> throttle_keys[] = {{SDLK_UP, 10}, {SDLK_DOWN, -10}};
     static constexpr std::pair<SDLKey, WPenum> weapon_keys[] = {{SDLK_BACKSPACE, WP_TORPEDO},
                                                                 {SDLK_RETURN, WP_LASER}};
 
     const SDLKey pressed = event.key.keysym.sym;
-    for (const auto& [key, rate, change] : turn_keys)
+    for (const auto& [rate, key, change] : turn_keys)
         if (key == pressed) this->*rate += change;
     for (const auto& [key, change] : throttle_keys)
         if (key == pressed) throttle = std::clamp(throttle + change, 0, full_throttle);

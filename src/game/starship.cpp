@@ -67,10 +67,10 @@ void Starship::readPose(const XMLElement& node) {
     setName(node.getAttributeAsString("name"));
     setPosition(node.getAttributeAsPoint("pos"));
     setVelocity(0);
-    setOrientation(node.getAttributeAsVector("orientation"));
-    const auto heading = ifPresent([&] { return node.getAttributeAsVector("heading"); });
+    setOrientation(node.getAttributeAsDirection("orientation"));
+    const auto heading = ifPresent([&] { return node.getAttributeAsDirection("heading"); });
     setHeading(heading.value_or(getOrientation()));
-    setUp(node.getAttributeAsVector("up"));
+    setUp(node.getAttributeAsDirection("up"));
 }
 
 void Starship::readParts(const XMLElement& node) {

@@ -3,13 +3,16 @@
 #include "game/game_event.h"
 #include "xml/xml_element.h"
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 Tank::Tank(const XMLElement& node) : _StarshipPart(PRT_TANK) {
     checkElement(node, "Tank");
     readNameAndMass(node);
     setSize(readNumber(node, "size"));
-    capacity = static_cast<unsigned int>(readNumber(node, "fuel", 1));
+    constexpr unsigned long most = std::numeric_limits<unsigned int>::max();
+    capacity = static_cast<unsigned int>(std::min(readNumber(node, "fuel", 1), most));
     fuel = static_cast<float>(capacity);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 /// The base of all in-game signals that travel as thrown objects. Not a failure: no handler for
 /// Exception catches it.

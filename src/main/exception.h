@@ -2,6 +2,7 @@
 
 #include <ostream>
 #include <string>
+#include <utility>
 
 /// The base of all failures. A failure that nobody handles ends the program with one line.
 /// Thrown and caught by value; the message names its origin: "Class::operation: text".

@@ -17,6 +17,7 @@
 #include <array>
 #include <iostream>
 #include <map>
+#include <utility>
 
 namespace {
 
@@ -79,6 +80,15 @@ private:
     Level* level = nullptr;
 };
 
+/// The catalogue of universes, there for as long as the document that it points into.
+class Game::LoadedWorld {
+public:
+    LoadedWorld(const XMLElement& node, Game* game) { World::init(node, game); }
+    ~LoadedWorld() { World::getInstance()->destroy(); }
+    LoadedWorld(const LoadedWorld&) = delete;
+    LoadedWorld& operator=(const LoadedWorld&) = delete;
+};
+
 Game::Game(const std::string& filename) {
     logProgress("parsing game file <" + filename + ">...");
     parser = std::make_unique<XMLParser>(filename);
@@ -94,16 +104,13 @@ Game::Game(const std::string& filename) {
     logProgress("loading levels nodes...");
     loadLevelNodes(nodes.at("LevelSection"));
     logProgress("loading world...");
-    World::init(nodes.at("WorldSection"), this);
+    world = std::make_unique<LoadedWorld>(nodes.at("WorldSection"), this);
     logProgress("loading user starship...");
     user_ship_node = std::make_unique<XMLElement>(nodes.at("Starship"));
     player = std::make_unique<Starship>(*user_ship_node);
 }
 
-Game::~Game() {
-    player.reset();
-    World::getInstance()->destroy();
-}
+Game::~Game() = default;
 
 void Game::start() {
     SDLContext::getInstance()->enableEvents(SDL_KEYDOWN);
@@ -112,7 +119,7 @@ void Game::start() {
         throw Exception("Game::start: invalid iterator (current_level)");
 
     LoadedLevel level;
-    loadLevel(level);
+    changeLevel(level);
     for (bool loop = true; loop;) {
         logProgress("running level...");
         switch (level.run()) {
@@ -121,15 +128,13 @@ void Game::start() {
                 loop = false;
                 break;
             case LEVEL_END:
-                if (++current_level == level_nodes.end()) {
-                    restart(level);
-                } else {
-                    level.unload();
-                    loadLevel(level);
-                }
+                if (++current_level == level_nodes.end())
+                    restart(level, LEVEL_END);
+                else
+                    changeLevel(level);
                 break;
             case PLAYER_KILLED:
-                restart(level);
+                restart(level, PLAYER_KILLED);
                 break;
             default:
                 throw Exception("Game::run: unknown return value from Level::run");
@@ -144,19 +149,18 @@ void Game::loadLevelNodes(const XMLElement& level_section) {
     logLine(std::cout, "GAME: ", level_nodes.size(), " levels found");
 }
 
-void Game::loadLevel(LoadedLevel& level) {
+void Game::changeLevel(LoadedLevel& level, LVLenum reason) {
     logProgress("loading and initializing level...");
+    level.unload();
+    if (reason == PLAYER_KILLED) logLine(std::cout, "!! GAME(5): ", "level deleted.");
     level.load(**current_level, player.get());
 }
 
 // Back to the first level with a new ship: all damage, stock and fuel are gone with the old one.
-void Game::restart(LoadedLevel& level) {
+void Game::restart(LoadedLevel& level, LVLenum reason) {
     logProgress("reloading player starship...");
     player.reset();
     player = std::make_unique<Starship>(*user_ship_node);
-    const bool lost_in_level = current_level != level_nodes.end();
-    level.unload();
-    if (lost_in_level) logLine(std::cout, "!! GAME(5): ", "level deleted.");
     current_level = level_nodes.begin();
-    loadLevel(level);
+    changeLevel(level, reason);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "game/level.h"
+
 #include <list>
 #include <memory>
 #include <string>
@@ -28,16 +30,18 @@ private:
     using level_node_t = LevelNodes::iterator;
 
     class LoadedLevel;
+    class LoadedWorld;
 
     void loadLevelNodes(const XMLElement& level_section);
-    void loadLevel(LoadedLevel& level);
-    void restart(LoadedLevel& level);
+    /// Ends the level in play, if any, and loads that of `current_level`.
+    void changeLevel(LoadedLevel& level, LVLenum reason = LEVEL_END);
+    void restart(LoadedLevel& level, LVLenum reason);
 
     std::unique_ptr<XMLParser> parser;  // keeps the document alive, so it goes last
     std::unique_ptr<XMLElement> game_node;
-    std::unique_ptr<XMLElement> intro;  // the intro section is required but not read: stays null
     std::unique_ptr<XMLElement> user_ship_node;
     LevelNodes level_nodes;  // one per level, in play order
     level_node_t current_level;
+    std::unique_ptr<LoadedWorld> world;
     std::unique_ptr<Starship> player;
 };

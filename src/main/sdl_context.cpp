@@ -58,13 +58,18 @@ bool runDrawCommand(const SDL_keysym& pressed) {
 }
 
 /// Switching an event type makes SDL drop everything that is queued. Nothing of that is missed but
-/// the player's wish to leave.
-void switchEvents(Uint8 type, int state) {
+/// the player's wish to leave, which this keeps over whatever switches.
+template <typename Switch>
+void keepingWindowClose(Switch change) {
     SDL_Event close;
     SDL_PumpEvents();
     const bool closing = SDL_PeepEvents(&close, 1, SDL_GETEVENT, SDL_QUITMASK) > 0;
-    SDL_EventState(type, state);
+    change();
     if (closing) SDL_PushEvent(&close);
+}
+
+void switchEvents(Uint8 type, int state) {
+    keepingWindowClose([&] { SDL_EventState(type, state); });
 }
 
 void logProgress(const std::string& text) {
@@ -185,7 +190,8 @@ void SDLContext::initJoystick() {
     logLine(std::cout, "SDL: ", "found ", found, " joystick(s)");
     if (found < 1) return;
 
-    auto first = std::make_unique<Joystick>(0);
+    std::unique_ptr<Joystick> first;
+    keepingWindowClose([&] { first = std::make_unique<Joystick>(0); });
     if (!first->isOpen()) return;
     joystick = std::move(first);
     logLine(std::cout, "SDL: ", "using joystick ", joystick->getNumber(), ": ",
@@ -199,8 +205,7 @@ void SDLContext::initTimer() {
 }
 
 void SDLContext::setVideoMode() {
-    const Uint32 mode = fs ? SDL_OPENGL | SDL_FULLSCREEN : SDL_OPENGL;
-    screen = SDL_SetVideoMode(width, height, bpp, mode);
+    screen = SDL_SetVideoMode(width, height, bpp, SDL_OPENGL);
     if (!screen) throw Exception(SDL_GetError());
 }
 

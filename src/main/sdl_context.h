@@ -67,5 +67,4 @@ private:
     const SDL_VideoInfo* v_info = nullptr;  // belongs to SDL
     SDL_Surface* screen = nullptr;
     std::unique_ptr<Joystick> joystick;
-    bool fs = false;  // the game starts in a window
 };

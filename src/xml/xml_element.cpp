@@ -45,8 +45,8 @@ Quadrupel convertQuadrupel(const std::string& s, std::size_t count) {
     if (!s.starts_with('(') || !s.ends_with(')'))
         rejectText("XMLElement::convertQuadrupel: can't convert ", s, " to a quadruple");
 
-    // Where the numbers begin and end. A bar is looked for behind the first character of its number,
-    // and one that is missing leaves all that follow it missing.
+    // Where the numbers begin and end. A bar is looked for behind the first character of its
+    // number, and one that is missing leaves all that follow it missing.
     std::array<std::size_t, 5> border{0};
     for (std::size_t i = 1; i < count; ++i) {
         const std::size_t from = i == 1 ? 0 : border[i - 1] + 2;
@@ -80,18 +80,19 @@ constexpr Form point_form{'P', 'p', 3, "XMLElement::getAttribute as Point: ", "P
 constexpr Form vector_form{'V', 'v', 3, "XMLElement::getAttribute as Vector: ", "Vector"};
 constexpr Form color_form{'C', 'c', 4, "XMLElement::getAttributeAsColor: ", "Vector"};
 
-Quadrupel convert(const std::string& value, const Form& form) {
-    const auto reject = [&](const std::string& reason) {
-        rejectText(form.getter, value, " can't be converted to a ", form.type, " (", reason, ")");
-    };
+[[noreturn]] void rejectValue(const std::string& value, const Form& form,
+                              const std::string& reason) {
+    rejectText(form.getter, value, " can't be converted to a ", form.type, " (", reason, ")");
+}
 
+Quadrupel convert(const std::string& value, const Form& form) {
     if (!value.starts_with(form.upper) && !value.starts_with(form.lower))
-        reject(std::string("not starting with ") + form.upper + " or " + form.lower);
+        rejectValue(value, form,
+                    std::string("not starting with ") + form.upper + " or " + form.lower);
     try {
         return convertQuadrupel(value.substr(1), form.count);
     } catch (const XMLWrongAttributeTypeException& e) {
-        reject(e.getMessage());
-        throw;
+        rejectValue(value, form, e.getMessage());
     }
 }
 
@@ -195,6 +196,14 @@ Point4 XMLElement::getAttributeAsPoint(const std::string& name) const {
 
 Vector4 XMLElement::getAttributeAsVector(const std::string& name) const {
     return Vector4(convert(getAttributeAsString(name), vector_form).data());
+}
+
+Vector4 XMLElement::getAttributeAsDirection(const std::string& name) const {
+    const Vector4 direction = getAttributeAsVector(name);
+    if (direction.getLength() == 0)
+        throw Exception(getName() + ": attribute " + name + ": " + getAttribute(name) +
+                        " has no direction");
+    return direction;
 }
 
 ColorRGBA XMLElement::getAttributeAsColor(const std::string& name) const {

@@ -2,10 +2,13 @@
 
 #include "main/exception.h"
 
+#include <string>
+#include <utility>
+
 /// The base of all failures of the game file.
 class XML_Exception : public Exception {
 public:
-    using Exception::Exception;
+    explicit XML_Exception(std::string thisMsg = "") : Exception(std::move(thisMsg)) {}
 };
 
 /// The game file cannot be read or is malformed.

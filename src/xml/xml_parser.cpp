@@ -86,6 +86,7 @@ XMLParser::XMLParser(const std::string& filename) {
         parser = std::make_unique<XercesDOMParser>();
         parser->setCreateEntityReferenceNodes(false);
         parser->setIncludeIgnorableWhitespace(false);
+        parser->setLoadExternalDTD(false);  // the game file stands alone
         parser->setErrorHandler(&reporter);
         parser->setSecurityManager(&limits);
         parser->parse(filename.c_str());

@@ -97,6 +97,8 @@ TEST_F(OneFile, SurvivesFaults) {
     const std::string loads = "nothing thrown", corner = "Comp3DObject::addFace: out of bounds";
     const std::string nothing = "_3DObject::computeCenter: no vertices", many = "2000000000\n";
     const std::string endless(10'000, 'x'), one = "*MATERIAL_COUNT 1\n*MATERIAL 0\n";
+    const std::string subs = one + "*NUMSUBMTLS " + many + "*SUBMATERIAL\n";
+    const std::string path = one + "*BITMAP \"" + endless + "\"\n";
     std::string binary;
     for (int i = 0; i < 100'000; ++i) binary += static_cast<char>(i * 7919 >> 3);
     const Capture log(std::cerr);
@@ -109,8 +111,8 @@ TEST_F(OneFile, SurvivesFaults) {
              AseFault{&AseText::faces, text.face(0, -1, 2), corner},
              AseFault{&AseText::counts, "*MESH_NUMVERTEX " + many + "*MESH_NUMFACES -1\n", loads},
              AseFault{&AseText::materials, "*MATERIAL_COUNT " + many + material(0), loads},
-             AseFault{&AseText::materials, one + "*NUMSUBMTLS " + many + "*SUBMATERIAL\n", loads},
-             AseFault{&AseText::materials, one + "*BITMAP \"" + endless + "\"\n", "Image::"},
+             AseFault{&AseText::materials, subs, loads},
+             AseFault{&AseText::materials, path, "Image::"},
              AseFault{&AseText::materials, one + "*BITMAP \"\n", "Image::"},
          })
         EXPECT_THAT(failureOf([&] { load(fault.in(text)); }), StartsWith(fault.failure));

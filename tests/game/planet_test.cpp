@@ -59,9 +59,13 @@ TEST_F(PlanetTest, LandingScreenEndsWithAKey) {
                      "<GlutFont name='helvetica_medium' type='B_HELVETICA_12'/></Fonts>"));
     const auto rock = planet("");
     CameraManagement::getInstance()->changeCamera(CAM_PLANET, rock->getCameras(), CPOS_FRONT);
-    SDL_Event event{};
+    SDL_Event event;
     while (SDL_PollEvent(&event)) continue;
-    for (event.type = SDL_KEYUP; event.type >= SDL_KEYDOWN; --event.type) SDL_PushEvent(&event);
+    for (const Uint8 type : {SDL_KEYUP, SDL_KEYDOWN}) {
+        SDL_Event key{};
+        key.type = type;
+        SDL_PushEvent(&key);
+    }
     rock->run();
     EXPECT_EQ(SDL_PollEvent(&event), 0);
 }

@@ -79,17 +79,17 @@ TEST_F(PlayersShip, ObeysThrottleAndTriggerUntilTheTankIsEmpty) {
 
 TEST_F(PlayersShip, SelectsWhatIsAheadAndKeepsTheTargetWhenNothingIs) {
     const std::string rock = "<Planet id='7' name='Rock' pos='P(0|0|490)' velocity='0'";
-    const std::string sky = "<Galaxy space_bg_texture='' space_bg_size='1'>";
-    Galaxy galaxy(yard.element(sky + rock + yard.body() + "/></Galaxy>"), nullptr);
-    SDL_Event close = {SDL_QUIT};
-    SDL_PushEvent(&close);
-    galaxy.run(ship.get());
+    Galaxy galaxy(
+        yard.element("<Galaxy space_bg_texture='' space_bg_size='1'>" + rock + yard.body() + "/>" +
+                     yard.shipElement("<UserControl/>") + "</Galaxy>"),
+        nullptr);
+    auto& hunter = dynamic_cast<Starship&>(**galaxy.getObjectById(GO_STARSHIP | 3));
     for (auto [x, z, presses, found] :
          {std::tuple{0.f, -100.f, 1, false}, {0, 0, 0, false}, {0, 0, 1, true}, {50, 0, 1, true}}) {
-        ship->setPosition(place(x, 0, z));
-        press(*ship, SDLK_SPACE, presses);
-        fly(*ship);
-        EXPECT_EQ(ship->getSelectedObject() && *ship->getSelectedObject(), found) << x << z;
+        hunter.setPosition(place(x, 0, z));
+        press(hunter, SDLK_SPACE, presses);
+        fly(hunter);
+        EXPECT_EQ(hunter.getSelectedObject() && *hunter.getSelectedObject(), found) << x << z;
     }
 }
 
