@@ -29,7 +29,8 @@ public:
     void dropLine();
 
     /// Reads the next numbers and stops in front of the first text that is none; the values left
-    /// over stay as they are. What is not finite or does not fit the type is no number.
+    /// over stay as they are. Infinity, NaN and what does not fit
+    /// the type do not count as numbers.
     template <typename... Numbers>
     bool getNumbers(Numbers&... values) {
         return (getNumber(values) && ...);

@@ -6,8 +6,8 @@
 #include "3d/ase_file.h"
 #include "3d/comp3d_object.h"
 
-/// Three numbers behind an index, as vertices and normals stand in an ASE file. What a faulty line
-/// lacks stays from the line before.
+/// Three numbers behind an index, as vertices and normals stand in an ASE file. A number
+/// that a faulty line lacks keeps its value from the line before.
 struct AsePoint {
     int index = 0;
     float x = 0;

@@ -66,8 +66,10 @@ void AseObject::getFaces(AseFile& file) {
     AseCorners read;
     file.getData("*MESH_FACE", [&] {
         read.readFace(file);
-        const long long material = getMaterialIndex(file);
-        if (material < 0 || material >= getAnzMaterial()) {
+        const bool listed =
+            mat_ref >= 0 && static_cast<std::size_t>(mat_ref) < anzSubMaterial.size();
+        const long long material = listed ? getMaterialIndex(file) : mat_ref;
+        if (!listed || material < 0 || material >= getAnzMaterial()) {
             logLine(std::cerr, "ERROR (3D): ", "AseObject::getData: strange material index ",
                     material);
             return;
@@ -81,7 +83,6 @@ void AseObject::getFaces(AseFile& file) {
 }
 
 long long AseObject::getMaterialIndex(AseFile& file) const {
-    if (mat_ref < 0 || static_cast<std::size_t>(mat_ref) >= anzSubMaterial.size()) return mat_ref;
     const auto own = anzSubMaterial.begin() + mat_ref;
     long long index = 0;
     for (auto before = anzSubMaterial.begin(); before != own; ++before) {

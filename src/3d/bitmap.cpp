@@ -52,7 +52,7 @@ Bitmap::Bitmap(const std::string& fn, const ColorRGBA& c, bool invert) : file(fn
         in.read(reinterpret_cast<char*>(bits.data() + start), row);
         loaded += in.gcount();
     }
-    logLine(std::cout, "!! 3D(4): ", "Bitmap ", file, " : ", loaded, " bytes loaded");
+    logLine(std::cout, "!! 3D(4): ", "Bitmap ", file, " : ", row * height, " bytes loaded");
 
     if (invert)
         std::transform(bits.begin(), bits.begin() + loaded, bits.begin(),

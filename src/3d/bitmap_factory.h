@@ -21,6 +21,7 @@ public:
 
 private:
     BitmapFactory() = default;
+    ~BitmapFactory() = default;
 
     static BitmapFactory* instance;
     std::map<std::string, std::unique_ptr<Bitmap>> bitmaps;

@@ -56,15 +56,19 @@ void activateSurface(const Material& first, const Material* second, DRWenum type
 
 }  // namespace
 
-const face_t& Comp3DObject::getFace(int index) const {
+std::size_t Comp3DObject::checkFace(int index) const {
     if (index < 0 || index >= getAnzFaces()) {
         throw Exception("Comp3DObject::getFace: out of bounds");
     }
-    return faceTable[static_cast<std::size_t>(index)];
+    return static_cast<std::size_t>(index);
+}
+
+const face_t& Comp3DObject::getFace(int index) const {
+    return faceTable[checkFace(index)];
 }
 
 face_t& Comp3DObject::editFace(int index) {
-    return const_cast<face_t&>(getFace(index));
+    return faceTable[checkFace(index)];
 }
 
 void Comp3DObject::addFace(face_t f) {

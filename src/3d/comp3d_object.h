@@ -52,6 +52,8 @@ protected:
     void initDisplayList(DRWenum type) override;
 
 private:
+    /// The same index. Throws Exception when there is no such face.
+    std::size_t checkFace(int index) const;
     /// The surface of a face; `second` is null unless two layers are to be drawn.
     struct Layers {
         const Material& first;

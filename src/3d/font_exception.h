@@ -2,7 +2,7 @@
 
 #include "main/exception.h"
 
-/// A font name that is unknown or taken.
+/// A font name that is unknown.
 class FontFactoryException : public Exception {
 public:
     using Exception::Exception;

@@ -27,6 +27,7 @@ public:
 
 private:
     FontFactory() = default;
+    ~FontFactory() = default;
 
     static FontFactory* instance;
     std::map<std::string, std::unique_ptr<_Font>> fonts;

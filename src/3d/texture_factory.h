@@ -39,6 +39,7 @@ private:
     friend std::ostream& operator<<(std::ostream& out, const TextureFactory& tf);
 
     TextureFactory() = default;
+    ~TextureFactory() = default;
 
     static TextureFactory* instance;
     /// By file name. Textures hold references into it: its entries must not move.

@@ -22,7 +22,8 @@ private:
     Vector4 getUp() const override;
     Matrix4 getParentShipMatrix() const override;
 
-    /// Leaves the ship without a pilot, doomed, and shows it from outside if the player looks on.
+    /// Dooms the ship: its control is reset and locked for good, and a view through one of its
+    /// cameras changes to one from outside.
     void resetStarshipControl() override;
     /// As any part; the hull's own explosion makes the whole ship burst.
     void update(unsigned int timediff) override;

@@ -28,8 +28,7 @@ Level::Level(const XMLElement& root_node, Starship* s) : star_ship(s) {
     readGalaxies(root_node);
     debugLine("Level::Level: got galaxies");
     start_position = root_node.getAttributeAsPoint("user_starship_position");
-    start_orientation = root_node.getAttributeAsDirection("user_starship_orientation");
-    start_up = root_node.getAttributeAsDirection("user_starship_up");
+    start_facing = readFacing(root_node, "user_starship_orientation", "user_starship_up");
     debugLine("Level::Level: starship start position");
     readChildren(root_node);
     debugLine("Level::Level: music done");
@@ -79,7 +78,7 @@ void Level::readChildren(const XMLElement& root_node) {
 
 void Level::placeShip() {
     star_ship->setPosition(start_position);
-    star_ship->setOrientation(start_orientation);
-    star_ship->setHeading(start_orientation);
-    star_ship->setUp(start_up);
+    star_ship->setOrientation(start_facing.orientation);
+    star_ship->setHeading(start_facing.orientation);
+    star_ship->setUp(start_facing.up);
 }

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "3d/point.h"
-#include "3d/vector.h"
+#include "game/facing.h"
 
 class Galaxy;
 class Starship;
@@ -42,7 +42,6 @@ private:
     std::map<int, std::unique_ptr<Galaxy>> galaxies;
     int current_galaxy;
     Point4 start_position;
-    Vector4 start_orientation;
-    Vector4 start_up;
+    facing_t start_facing;
     Starship* star_ship;
 };

@@ -72,7 +72,7 @@ void PlayerControl::updateAI(int time_diff) {
     orientation.rotate(up, heading_angle * frame);
     orientation.rotate(orientation ^ up, pitch_angle * frame);
     new_up = up;
-    new_orientation = orientation;
+    new_orientation = orientation.normalize();  // hours of turning must not stretch the ship
 }
 
 /// An axis that the device lacks leaves its value to the keys.
@@ -95,8 +95,10 @@ void PlayerControl::readButtons(const Joystick& joystick) {
     if (switch_weapon) weapon_mode = static_cast<WPenum>(-weapon_mode);
 }
 
-/// A button acts once per press. While it is up, it takes back a wish that a key has made.
+/// A button acts once per press. While it is up, it takes back a wish that a key has made; one that
+/// the device lacks leaves the wish to the keys.
 void PlayerControl::readButton(const Joystick& joystick, int button, bool& wish) {
+    if (!joystick.hasButton(button)) return;
     const bool was_down = wait_for_button_release[button];
     const bool is_down = joystick.isButtonPressed(button);
     wait_for_button_release[button] = is_down;

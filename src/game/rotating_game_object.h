@@ -18,7 +18,7 @@ public:
     BoundingSphere getBoundingSphere() const override;
     void update(int time_diff) override;
 
-    /// Turns the object by what `time_diff` milliseconds bring.
+    /// Turns the object for `time_diff` milliseconds.
     void rotate(int time_diff);
     /// One unit is a full turn in 5000 milliseconds.
     float getVelocity() const { return velocity; }

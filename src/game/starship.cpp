@@ -4,6 +4,7 @@
 #include "game/camera_management.h"
 #include "game/cannon.h"
 #include "game/engine.h"
+#include "game/facing.h"
 #include "game/game_camera_interface.h"
 #include "game/game_event.h"
 #include "game/hit_test.h"
@@ -67,10 +68,11 @@ void Starship::readPose(const XMLElement& node) {
     setName(node.getAttributeAsString("name"));
     setPosition(node.getAttributeAsPoint("pos"));
     setVelocity(0);
-    setOrientation(node.getAttributeAsDirection("orientation"));
+    const facing_t facing = readFacing(node, "orientation", "up");
+    setOrientation(facing.orientation);
     const auto heading = ifPresent([&] { return node.getAttributeAsDirection("heading"); });
     setHeading(heading.value_or(getOrientation()));
-    setUp(node.getAttributeAsDirection("up"));
+    setUp(facing.up);
 }
 
 void Starship::readParts(const XMLElement& node) {

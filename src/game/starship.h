@@ -87,7 +87,7 @@ private:
     void install(std::unique_ptr<Part>& place, Part* part);
     void runReactor(int time_diff);
     void dropLostTarget();
-    /// Goes over to the view from outside, if the player looks through one of this ship's cameras.
+    /// Shows the end from outside, if the view is through one of this ship's cameras.
     void showEnd();
 
     BoundingBox total_bbox;

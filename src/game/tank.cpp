@@ -3,16 +3,13 @@
 #include "game/game_event.h"
 #include "xml/xml_element.h"
 
-#include <algorithm>
-#include <limits>
 #include <utility>
 
 Tank::Tank(const XMLElement& node) : _StarshipPart(PRT_TANK) {
     checkElement(node, "Tank");
     readNameAndMass(node);
     setSize(readNumber(node, "size"));
-    constexpr unsigned long most = std::numeric_limits<unsigned int>::max();
-    capacity = static_cast<unsigned int>(std::min(readNumber(node, "fuel", 1), most));
+    capacity = readSmallNumber(node, "fuel", 1);
     fuel = static_cast<float>(capacity);
 }
 

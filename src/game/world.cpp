@@ -20,7 +20,9 @@ World* World::getInstance() {
     return instance.get();
 }
 
-void World::destroy() { instance.reset(); }
+void World::destroy() {
+    instance.reset();
+}
 
 World::World(const XMLElement& root) {
     if (root.getName() != "WorldSection")

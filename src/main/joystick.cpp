@@ -31,7 +31,10 @@ int Joystick::getAxis(int i) const {
     return hasAxis(i) ? SDL_JoystickGetAxis(joystick.get(), i) : 0;
 }
 
+bool Joystick::hasButton(int i) const {
+    return joystick && i >= 0 && i < SDL_JoystickNumButtons(joystick.get());
+}
+
 bool Joystick::isButtonPressed(int i) const {
-    if (!joystick || i < 0 || i >= SDL_JoystickNumButtons(joystick.get())) return false;
-    return SDL_JoystickGetButton(joystick.get(), i) != 0;
+    return hasButton(i) && SDL_JoystickGetButton(joystick.get(), i) != 0;
 }

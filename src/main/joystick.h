@@ -24,6 +24,8 @@ public:
     bool hasAxis(int i) const;
     /// Position from -32768 to 32767; 0 for an axis that the device lacks.
     int getAxis(int i) const;
+    /// Whether the device has the button `i` at all.
+    bool hasButton(int i) const;
     /// False for a button that the device lacks.
     bool isButtonPressed(int i) const;
 

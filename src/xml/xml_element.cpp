@@ -199,11 +199,11 @@ Vector4 XMLElement::getAttributeAsVector(const std::string& name) const {
 }
 
 Vector4 XMLElement::getAttributeAsDirection(const std::string& name) const {
-    const Vector4 direction = getAttributeAsVector(name);
+    Vector4 direction = getAttributeAsVector(name);
     if (direction.getLength() == 0)
         throw Exception(getName() + ": attribute " + name + ": " + getAttribute(name) +
                         " has no direction");
-    return direction;
+    return direction.normalize();
 }
 
 ColorRGBA XMLElement::getAttributeAsColor(const std::string& name) const {

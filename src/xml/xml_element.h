@@ -53,7 +53,8 @@ public:
     /// "P(x|y|z)" and "V(x|y|z)"; the fourth component is 1.
     Point4 getAttributeAsPoint(const std::string& name) const;
     Vector4 getAttributeAsVector(const std::string& name) const;
-    /// A vector that points somewhere. Throws Exception for one without length.
+    /// A vector of which only the direction counts: it comes back with length 1. Throws Exception
+    /// for one without length.
     Vector4 getAttributeAsDirection(const std::string& name) const;
     /// "C(red|green|blue|alpha)", each from 0 to 1.
     ColorRGBA getAttributeAsColor(const std::string& name) const;

@@ -53,6 +53,7 @@ TEST_F(OneFile, FacesFindTheirMaterial) {
         {two + material(4) + material(0), "1", "", -1, "strange material index 4\n"},
         {two + material(0) + material(0), "1", "*MESH_MTLID 7", 1, ""},
         {two + material(0) + material(0), "-1", "", -1, "strange material index -1\n"},
+        {"*MATERIAL_COUNT 1\n" + material(4), "2", "", -1, "strange material index 2\n"},
         {material(0), "0", "", -1, "strange material index 0\n"},
     };
     text.tfaces = "";
