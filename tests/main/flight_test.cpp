@@ -27,6 +27,7 @@
 #include "tests/support/capture.h"
 #include "tests/support/game_run.h"
 #include "tests/support/screen.h"
+#include "tests/support/shipped_game.h"
 #include "tests/support/tiny_game.h"
 #include "tests/support/window.h"
 #include "xml/xml_element.h"
@@ -166,19 +167,6 @@ TEST(Flight, KeysFlyTheShipAndChooseTheCamera) {
 namespace {
 
 constexpr size_t screenshot_size = 18 + 800 * 600 * 3;
-
-/// A folder whose "data" is the shipped data set.
-class ShippedGame {
-public:
-    ShippedGame() {
-        folder.write("build/.keep", "");
-        std::filesystem::create_directory_symlink(TARVEX_SOURCE_DIR "/data", folder / "data");
-    }
-    std::string getDirectory() const { return folder / "build"; }
-
-private:
-    TempDir folder;
-};
 
 std::string readFile(const std::string& name) {
     std::ifstream in(name, std::ios::binary);
