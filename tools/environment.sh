@@ -3,7 +3,7 @@
 game_packages=(libsdl1.2-dev libsdl-image1.2-dev libsdl-mixer1.2-dev libgl1-mesa-dev libglu1-mesa-dev
     freeglut3-dev libxerces-c-dev g++ cmake ninja-build)
 display_packages=(xvfb xauth)
-test_packages=(libgtest-dev libgmock-dev xdotool imagemagick "${display_packages[@]}")
+test_packages=(libgtest-dev libgmock-dev xdotool "${display_packages[@]}")
 
 # Installs what is missing of the named Debian packages; asks nothing where all is there.
 install_missing() {
