@@ -3,6 +3,9 @@
 #include "main/exception.h"
 #include "xml/xml_element.h"
 
+#include <algorithm>
+#include <limits>
+
 void _StarshipPart::checkElement(const XMLElement& node, const std::string& part) {
     if (node.getName() != part) throw Exception(part + "::" + part + ": wrong XML node type");
 }
@@ -20,4 +23,10 @@ unsigned long _StarshipPart::readNumber(const XMLElement& node, const std::strin
                         " is below " + std::to_string(least));
     }
     return static_cast<unsigned long>(value);
+}
+
+int _StarshipPart::readInt(const XMLElement& node, const std::string& attribute,
+                           unsigned long least) {
+    constexpr unsigned long largest = std::numeric_limits<int>::max();
+    return static_cast<int>(std::min(readNumber(node, attribute, least), largest));
 }
