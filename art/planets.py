@@ -135,28 +135,28 @@ def blue_world(seed=5):
 
 
 def clouds(seed=7):
-    """Weather as a picture with alpha: banks, streets and swirls; it repeats in both directions."""
+    """Weather as a picture with alpha: banks, open sky, broken fields and slow swirls, of one grain
+    everywhere and without a direction, since every part of it drifts over every latitude."""
     y, x = np.mgrid[0:HEIGHT, 0:WIDTH].astype(np.float32)
     x, y = (x + 0.5) / WIDTH, (y + 0.5) / HEIGHT
-    wx = noise.tiled(x, y, seed, (4, 2), 4)
-    wy = noise.tiled(x, y, seed + 3, (4, 2), 4)
-    x2, y2 = x + 0.075 * wx, y + 0.13 * wy
-    x2, y2 = _swirl(x2, y2, seed)
-    banks = noise.tiled(x2 % 1, y2 % 1, seed + 20, (8, 5), 7, 0.58)
-    wisps = noise.tiled((x2 + 0.03 * wy) % 1, (y2 * 1.0) % 1, seed + 50, (10, 16), 6, 0.6)
-    belt = 0.13 * np.cos(2 * np.pi * y * 3 + 4 * wx) + 0.05
-    cover = banks * 1.15 + 0.42 * wisps + belt
-    alpha = smoothstep(-0.16, 0.46, cover) ** 1.5
-    tone = 208 + 40 * smoothstep(0.0, 0.6, cover) + 12 * wisps
+    wx, wy = noise.tiled(x, y, seed, (8, 4), 4), noise.tiled(x, y, seed + 3, (8, 4), 4)
+    x, y = _swirl(x + 0.028 * wx, y + 0.056 * wy, seed)
+    fields = noise.tiled(x, y, seed + 11, (4, 2), 3)
+    banks = noise.tiled(x, y, seed + 20, (12, 6), 6, 0.56)
+    tufts = noise.tiled(x + 0.012 * wy, y + 0.024 * wx, seed + 50, (32, 16), 5, 0.62)
+    cover = 0.75 * fields + 1.0 * banks + 0.34 * tufts
+    alpha = smoothstep(-0.06, 0.52, cover) ** 1.25
+    tone = 206 + 44 * smoothstep(0.0, 0.6, cover) + 16 * tufts
     rgba = np.stack([tone - 4, tone, tone + 5, alpha * 232], axis=-1)
     return Image.fromarray(np.clip(rgba, 0, 255).astype(np.uint8), "RGBA")
 
 
 def _swirl(x, y, seed):
-    """Turns the weather about a few storm centres."""
+    """Turns the weather gently about a few storm centres; more than a quarter turn would draw it out
+    into streaks."""
     rng = np.random.default_rng(seed)
-    for _ in range(9):
-        cx, cy, reach, turn = rng.random(), rng.random(), rng.uniform(0.03, 0.075), rng.uniform(-5.0, 5.0)
+    for _ in range(7):
+        cx, cy, reach, turn = rng.random(), rng.random(), rng.uniform(0.02, 0.045), rng.uniform(-1.7, 1.7)
         dx, dy = (x - cx + 0.5) % 1 - 0.5, ((y - cy + 0.5) % 1 - 0.5) / 2
         a = turn * np.exp(-(dx * dx + dy * dy) / (reach * reach))
         x = x + (np.cos(a) - 1) * dx - np.sin(a) * dy

@@ -40,7 +40,7 @@ def kestrel_hull():
     body = [(-10.2, 3.4, 1.9, 3.2, 0.05, 0), (-9.2, 4.4, 2.5, 3.2, 0.05, 0), (-6.0, 5.0, 3.1, 3.0, 0.1, 0.1),
             (-2.0, 4.7, 3.2, 2.8, 0.1, 0.2), (1.5, 4.0, 2.9, 2.6, 0.0, 0.3), (5.0, 3.0, 2.25, 2.3, -0.15, 0.3),
             (8.5, 2.1, 1.55, 2.1, -0.3, 0.25), (11.2, 1.25, 0.95, 2.0, -0.42, 0.12), (12.9, 0.5, 0.42, 2.0, -0.5, 0)]
-    m.add(loft([(z, ring(w, h, p, 20, 0, y, 0.8, c)) for z, w, h, p, y, c in body],
+    m.add(loft([(z, ring(w, h, p, 18, 0, y, 0.8, c)) for z, w, h, p, y, c in body],
                ["second"] + ["hull"] * 7, "body"))
     m.add(box(2.4, 0.3, 0.5, "dark", "detail").moved(0, 0.42, -10.25))
     m.add(box(2.4, 0.3, 0.5, "dark", "detail").moved(0, -0.22, -10.25))
@@ -49,7 +49,7 @@ def kestrel_hull():
     # The canopy sits in a collar.
     bubble = [(-0.4, 0.5, 0.3, 1.32), (0.6, 1.3, 1.0, 1.28), (1.8, 1.66, 1.5, 1.2), (3.2, 1.66, 1.62, 1.02),
               (4.8, 1.4, 1.35, 0.78), (6.2, 0.95, 0.85, 0.5), (7.2, 0.3, 0.3, 0.22)]
-    m.add(loft([(z, ring(w, h, 2.1, 16, 0, y)) for z, w, h, y in bubble], "glass", "canopy"))
+    m.add(loft([(z, ring(w, h, 2.1, 14, 0, y)) for z, w, h, y in bubble], "glass", "canopy"))
     collar = [(x * 1.0, z) for x, z in ((0.28, 7.6), (-0.28, 7.6), (-0.92, 5.2), (-1.04, 2.4), (-0.86, -0.6),
                                         (0.86, -0.6), (1.04, 2.4), (0.92, 5.2))][::-1]
     m.add(extrude(collar, 0.5, "second", "body", 0.12).turned("x", 8.4).moved(0, 1.12, 0.1))
@@ -57,7 +57,7 @@ def kestrel_hull():
     # Spine with vents behind the canopy.
     spine = [(-9.6, 0.8, 0.7, 1.25), (-8.0, 1.2, 1.0, 1.5), (-3.0, 1.4, 1.1, 1.6), (0.2, 1.2, 0.9, 1.42)]
     m.add(loft([(z, [(x, y + at) for x, y in chamfered(w, h, 0.28)]) for z, w, h, at in spine], "hull", "body"))
-    m.add(vents(5, 0.8, 0.26, 0.55).moved(0, 2.12, -5.6))
+    m.add(vents(4, 0.8, 0.26, 0.7).moved(0, 2.12, -5.6))
     m.add(box(0.5, 0.3, 1.1, "metal", "detail").moved(0, 2.05, -7.5))
     m.add(lathe([(0, 0.02), (1.1, 0.035)], "metal", "detail", 6).turned("x", -90).moved(0, 2.0, -1.4))
 
@@ -67,7 +67,7 @@ def kestrel_hull():
             (2.75, 1.45, 1.68, .33), (2.55, 1.2, 1.42, .3), (0.9, 1.0, 1.2, .25)]
     side.add(loft([(z, chamfered(w, h, c)) for z, w, h, c in duct],
                   ["hull"] * 4 + ["second", "metal", "dark"], "nacelle", True, True).moved(2.75, -0.1, 0))
-    side.add(nozzle(-11.7, 0.98, 2.9).moved(2.75, -0.1, 0))
+    side.add(nozzle(-11.7, 0.98, 2.9, count=10).moved(2.75, -0.1, 0))
     side.add(extrude(polygon((0, 1.6), (-0.34, 1.3), (-0.34, -4.4), (0.34, -4.4), (0.34, 1.3)), 0.3, "second", "nacelle", 0.1)
              .moved(2.75, 1.1, -2.4))
     side.add(vents(4, 0.16, 0.3, 0.6).turned("z", 90).moved(3.98, 0.1, -7.6))
@@ -75,7 +75,7 @@ def kestrel_hull():
     side.add(box(0.5, 0.3, 0.9, "dark", "detail").moved(2.75, 1.28, -8.0))
     # Tail fins, canted outwards, and strakes below.
     side.add(fin(((2.9, 0.8), -10.6, -5.6), ((4.3, 4.7), -12.0, -9.2), (0.42, 0.14), "hull", "fin"))
-    side.add(lathe([(-1.5, 0.05), (-1.3, 0.16), (0.9, 0.16), (1.6, 0.03)], "metal", "detail", 8).moved(4.33, 4.72, -10.4))
+    side.add(lathe([(-1.5, 0.05), (-1.3, 0.16), (0.9, 0.16), (1.6, 0.03)], "metal", "detail", 6).moved(4.33, 4.72, -10.4))
     side.add(fin(((2.6, -1.1), -9.8, -6.6), ((3.5, -2.7), -10.7, -9.0), (0.3, 0.1), "second", "fin"))
     # Chine strake from nose to intake.
     side.add(fin(((1.2, -0.35), -0.6, 8.8), ((2.5, -0.42), -0.6, 3.2), (0.4, 0.1), "hull", "body"))
@@ -83,7 +83,7 @@ def kestrel_hull():
     side.add(box(0.36, 0.3, 0.8, "dark", "detail").moved(0.86, -0.15, 8.6))
     side.add(box(0.3, 0.24, 0.5, "metal", "detail").moved(1.32, 0.55, 4.0))
     m.add(side.both_sides())
-    m.add(lathe([(-1.6, 0.05), (-1.2, 0.5), (0.4, 0.55), (1.3, 0.3), (1.6, 0.02)], "dark", "detail", 12)
+    m.add(lathe([(-1.6, 0.05), (-1.2, 0.5), (0.4, 0.55), (1.3, 0.3), (1.6, 0.02)], "dark", "detail", 8)
           .scaled(1, 0.7, 1).moved(0, -1.05, 5.2))
     m.add(box(1.5, 0.5, 3.6, "second", "body", 0.16).moved(0, -1.36, -3.5))
     m.add(vents(3, 1.0, 0.3, 0.7).moved(0, -1.62, -4.2))
@@ -106,22 +106,19 @@ def kestrel_wing():
     m.add(lathe(pod, ["dark", "dark", "metal", "hull", "accent", "accent"], "detail", 12).moved(9.05, -0.57, -3.1))
     m.add(fin(((9.1, -0.4), -5.7, -2.6), ((9.75, 1.35), -6.5, -4.9), (0.26, 0.1), "second", "root"))
     m.add(fin(((9.1, -0.7), -5.5, -3.4), ((9.4, -1.7), -6.0, -4.9), (0.2, 0.08), "second", "root"))
-    # The pylon that the cannon hangs from.
-    m.add(loft([(-1.7, chamfered(0.22, 0.5, 0.08)), (-1.2, chamfered(0.4, 0.8, 0.12)), (1.2, chamfered(0.4, 0.8, 0.12)),
-                (2.0, chamfered(0.16, 0.4, 0.05))], "metal", "detail").moved(5.0, -0.62, -0.9))
     return m
 
 
 def light_cannon():
-    """A twin-cell laser cannon; it hangs from its origin."""
+    """A twin-cell laser cannon; it hangs from its origin, under the lip of an intake."""
     m = Mesh()
     m.add(loft([(-1.9, chamfered(0.5, 0.5, 0.14)), (-1.5, chamfered(0.84, 0.86, 0.22)), (1.0, chamfered(0.84, 0.86, 0.22)),
                 (1.7, chamfered(0.56, 0.6, 0.18))], "second", "gun"))
     m.add(barrel(4.6, 0.2).moved(0, 0, 1.5))
-    m.add(lathe([(-1.2, 0.02), (-1.2, 0.22), (-1.0, 0.28), (1.0, 0.28), (1.2, 0.22), (1.2, 0.02)], "metal", "gun", 6)
+    m.add(lathe([(-1.2, 0.02), (-1.2, 0.26), (1.2, 0.26), (1.2, 0.02)], "metal", "gun", 6)
           .moved(0.5, -0.08, -0.3).both_sides())
     m.add(box(0.3, 0.22, 2.2, "dark", "gun", 0.07).moved(0, 0.48, -0.2))
-    m.add(vents(4, 0.5, 0.14, 0.34, "dark", "gun").moved(0, -0.46, -0.9))
+    m.add(vents(2, 0.5, 0.2, 0.6, "dark", "gun").moved(0, -0.46, -0.9))
     m.add(lathe([(-2.3, 0.02), (-2.3, 0.18), (-1.8, 0.24)], "dark", "gun", 6))
     return m
 
@@ -198,7 +195,7 @@ def anvil_hull():
     m.add(box(3.72, 0.5, 2.2, "glass", "canopy", 0.14).moved(0, 6.55, -12.6))
     m.add(lathe([(0, 0.14), (2.6, 0.06)], "metal", "detail", 6).turned("x", -90).moved(0.9, 7.0, -15.6))
     m.add(lathe([(0, 0.1), (1.8, 0.04)], "metal", "detail", 6).turned("x", -90).moved(-0.9, 7.0, -16.2))
-    m.add(lathe([(-0.25, 0.02), (-0.25, 1.0), (0.0, 1.15), (0.2, 0.5), (0.2, 0.02)], "metal", "detail", 14)
+    m.add(lathe([(-0.25, 0.02), (-0.25, 1.0), (0.0, 1.15), (0.2, 0.5), (0.2, 0.02)], "metal", "detail", 10)
           .turned("x", -30).moved(0, 7.8, -15.4))
     # Keel.
     m.add(loft([deck(-19.0, 2.6, 1.8, .5), deck(-16.0, 3.4, 2.4, .6), deck(0.0, 2.8, 2.0, .5), deck(4.0, 1.2, 0.8, .2, 0.6)],
@@ -211,18 +208,18 @@ def anvil_hull():
         side.add(slab.moved(5.1 if z0 < -5 else 4.25, 0.1 if z0 < -5 else -0.1, 0))
     # Engines two by two.
     for y in (1.5, -1.5):
-        side.add(nozzle(-25.8, 1.25, 4.4, count=10).moved(2.2, y, 0))
-    side.add(box(0.9, 5.4, 1.4, "second", "body", 0.25).moved(4.0, 0, -22.3))
+        side.add(nozzle(-25.8, 1.25, 4.4, count=8).moved(2.2, y, 0))
+    side.add(box(0.9, 5.4, 1.4, "second", "body").moved(4.0, 0, -22.3))
     # Machinery between the slabs, pipes, hatches and thrusters.
-    side.add(vents(6, 0.5, 0.4, 0.66).moved(2.6, 2.78, -2.6))
-    side.add(lathe([(0, 0.16), (11.0, 0.16)], "metal", "detail", 8).moved(4.72, 2.2, -19.4))
-    side.add(lathe([(0, 0.12), (11.0, 0.12)], "metal", "detail", 8).moved(4.95, 1.85, -19.4))
+    side.add(vents(4, 0.5, 0.4, 1.0).moved(2.6, 2.78, -2.6))
+    side.add(lathe([(0, 0.16), (11.0, 0.16)], "metal", "detail", 6).moved(4.72, 2.2, -19.4))
+    side.add(lathe([(0, 0.12), (11.0, 0.12)], "metal", "detail", 6).moved(4.95, 1.85, -19.4))
     for z in (-18.0, -11.0, -6.0, 0.0, 5.4):
         side.add(box(0.8, 0.5, 1.1, "metal", "detail").moved(3.2 if z < 2 else 2.3, 3.2 if z < -8 else (2.7 if z < 2 else 1.75), z))
     side.add(box(0.5, 0.6, 1.2, "dark", "detail").moved(3.0, -0.6, 9.4))
     side.add(box(1.1, 0.6, 2.6, "metal", "detail").moved(2.4, -2.6, 3.6))
     # The shoes that the outriggers are fixed to.
-    side.add(box(1.2, 2.6, 3.6, "second", "slab", 0.3).moved(4.6, -0.1, -5.8))
+    side.add(box(1.2, 2.4, 3.6, "second", "slab", 0.3).moved(4.4, -0.1, 1.7))
     m.add(side.both_sides())
     return m
 
@@ -237,7 +234,7 @@ def anvil_wing():
     m.add(box(0.8, 0.5, 8.0, "second", "pod", 0.18).moved(4.4, 0.6, -1.0))
     m.add(box(0.5, 0.8, 6.0, "second", "pod", 0.16).moved(5.5, -0.8, -1.4))
     m.add(vents(5, 0.9, 0.34, 0.6).moved(4.4, 0.86, -4.4))
-    m.add(nozzle(-9.0, 0.55, 1.9, "detail", 8).moved(4.4, -0.8, 0))
+    m.add(nozzle(-9.0, 0.55, 1.9, "detail", 6).moved(4.4, -0.8, 0))
     m.add(box(0.8, 0.6, 2.0, "metal", "detail").moved(4.4, -2.2, 1.0))
     return m
 
@@ -245,13 +242,39 @@ def anvil_wing():
 def heavy_turret():
     """A flat turret with two barrels; it stands on its origin."""
     m = Mesh()
-    m.add(lathe([(-0.1, 0.02), (-0.1, 1.35), (0.35, 1.35), (0.35, 1.1)], "metal", "gun", 10).turned("x", -90))
+    m.add(lathe([(-0.1, 0.02), (-0.1, 1.35), (0.35, 1.35), (0.35, 1.1)], "metal", "gun", 8).turned("x", -90))
     m.add(loft([(-1.5, [(x, y + 0.75) for x, y in chamfered(1.5, 0.7, 0.2)]), (-1.1, [(x, y + 0.8) for x, y in chamfered(2.1, 1.0, 0.28)]),
                 (0.6, [(x, y + 0.8) for x, y in chamfered(2.1, 1.0, 0.28)]), (1.5, [(x, y + 0.65) for x, y in chamfered(1.6, 0.5, 0.16)])],
                "hull", "gun"))
-    m.add(barrel(3.8, 0.19).moved(0.48, 0.72, 1.0).both_sides())
-    m.add(box(0.5, 0.3, 0.7, "glass", "gun", 0.08).moved(0, 1.36, 0.2))
-    m.add(vents(3, 1.1, 0.2, 0.38, "dark", "gun").moved(0, 1.32, -1.1))
+    m.add(lathe([(0, 0.28), (1.3, 0.28), (1.45, 0.18), (3.1, 0.18), (3.2, 0.26), (3.8, 0.24), (3.8, 0.12), (3.5, 0)],
+                ["metal", "dark", "metal", "dark", "metal", "dark", "dark"], "gun", 6).moved(0.48, 0.72, 1.0).both_sides())
+    m.add(box(0.5, 0.3, 0.7, "glass", "gun").moved(0, 1.36, 0.2))
+    m.add(vents(2, 1.1, 0.2, 0.5, "dark", "gun").moved(0, 1.32, -1.1))
+    return m
+
+
+# Torpedoes: the launcher hangs under a rack, which is mounted like a wing.
+
+def torpedo_rack():
+    """A pylon with two clamps. Its origin lies on its underside's middle; it reaches up into the hull."""
+    m = Mesh()
+    m.add(loft([(-2.0, [(x, y + 0.3) for x, y in chamfered(0.3, 0.9, 0.1)]), (-1.2, [(x, y + 0.3) for x, y in chamfered(0.8, 1.2, 0.2)]),
+                (1.0, [(x, y + 0.3) for x, y in chamfered(0.8, 1.2, 0.2)]), (2.2, [(x, y + 0.4) for x, y in chamfered(0.24, 0.7, 0.08)])],
+               "second", "root"))
+    for z in (-0.9, 0.8):
+        m.add(box(1.5, 0.24, 0.4, "metal", "detail").moved(0, -0.3, z))
+    return m
+
+
+def torpedo_launcher():
+    """A magazine with four tubes, two above two."""
+    m = Mesh()
+    body = [(-2.6, 1.0, 0.8, .2), (-2.2, 1.7, 1.3, .3), (1.2, 1.7, 1.3, .3), (1.5, 1.5, 1.1, .25)]
+    m.add(loft([(z, chamfered(w, h, c)) for z, w, h, c in body], ["dark", "hull", "accent"], "gun").moved(0, -0.65, 0))
+    tube = lathe([(1.3, 0.3), (2.1, 0.3), (2.1, 0.2), (1.4, 0)], ["metal", "metal", "dark"], "gun", 8)
+    for y in (-0.36, -0.94):
+        m.add(tube.moved(0.4, y, 0).both_sides())
+    m.add(box(0.16, 0.7, 2.4, "metal", "gun").moved(0.92, -0.65, -0.6).both_sides())
     return m
 
 
@@ -288,6 +311,18 @@ def kestrel_wing_second(p):
 def kestrel_wing_stripes(p):
     x = _abs_x(p)
     return np.clip(stripe(x, 6.9, 8.0) + stripe(x, 6.35, 6.6), 0, 1)
+
+
+def raider_stripes(p):
+    """A jagged bolt along the flanks, and a nose dipped in paint."""
+    z, y = p[..., 2], p[..., 1]
+    bolt = stripe(y + 0.35 * np.abs((z / 1.7) % 2 - 1), 0.28, 0.52) * stripe(z, -8.5, 6.5)
+    return np.clip(bolt + stripe(z, 9.6, 10.4), 0, 1)
+
+
+def raider_wing_stripes(p):
+    x, z = _abs_x(p), p[..., 2]
+    return np.clip(sum(stripe(x + 0.5 * z, s, s + 0.4) for s in (1.6, 2.4, 3.2)) * stripe(x, 3.8, 8.6), 0, 1)
 
 
 def sting_stripes(p):
@@ -340,6 +375,10 @@ MODELS = {
                      dict(seed=11, second=kestrel_second, stripes=kestrel_stripes, soot=soot_behind(-8.2, -11.5), plate=2.0)),
     "kestrel_wing": (kestrel_wing, 512, "player",
                      dict(seed=23, second=kestrel_wing_second, stripes=kestrel_wing_stripes, plate=1.8)),
+    "raider_hull": (kestrel_hull, 1024, "raider",
+                    dict(seed=13, second=kestrel_second, stripes=raider_stripes, soot=soot_behind(-7.0, -11.0), plate=1.7)),
+    "raider_wing": (kestrel_wing, 512, "raider",
+                    dict(seed=29, second=kestrel_wing_second, stripes=raider_wing_stripes, plate=1.5)),
     "light_cannon": (light_cannon, 256, "player", dict(seed=31, soot=gun_soot, plate=0.9)),
     "sting_hull": (sting_hull, 1024, "enemy",
                    dict(seed=41, second=sting_second, stripes=sting_stripes, soot=soot_behind(-5.0, -9.0), plate=1.7)),
@@ -350,6 +389,8 @@ MODELS = {
                         soot=soot_behind(-20.5, -25.0), plate=2.8)),
     "anvil_wing": (anvil_wing, 512, "enemy", dict(seed=83, plate=2.0)),
     "heavy_turret": (heavy_turret, 256, "enemy", dict(seed=97, soot=gun_soot, plate=1.0)),
+    "torpedo_rack": (torpedo_rack, 128, "player", dict(seed=107, plate=0.8)),
+    "torpedo_launcher": (torpedo_launcher, 256, "player", dict(seed=109, plate=0.9)),
     "engine": (engine_block, 128, "player", dict(seed=101, plate=1.0)),
 }
-MIRRORED = ("kestrel_wing", "sting_wing", "anvil_wing")  # modelled as left ones; the right ones are mirrored
+MIRRORED = ("kestrel_wing", "raider_wing", "sting_wing", "anvil_wing")  # modelled as left ones; the right ones are mirrored

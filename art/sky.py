@@ -1,5 +1,9 @@
 """The sky round a galaxy: one picture of three columns and two rows, a face of a box in each cell.
-What a texel shows depends on its direction alone, so that the edges of the box do not show."""
+What a texel shows depends on its direction alone, so that the edges of the box do not show. Cells
+that lie side by side in the picture are no neighbours in the sky, and a texture's filter mixes them
+where they meet: so all that glows keeps to the faces, the edges of the box run through open sky of one
+tone, and no star stands right on an edge. Only between z = 1 and y = -1 do the cells meet as the faces
+do; there the galaxy's arm crosses."""
 import numpy as np
 from PIL import Image
 
@@ -19,8 +23,19 @@ CELLS = {
 COLUMNS = (0.0, 0.33, 0.66, 1.0)  # where the cells begin; the last one is a little wider
 
 
-POLE = np.array((0.35, 0.82, -0.45)) / np.linalg.norm((0.35, 0.82, -0.45))  # of the galactic band
+DARK = np.array((8, 9, 17), np.float32)  # the open sky
 GRID = 320  # a face's haze is worked out on so many squares, its edges included
+
+# The galaxy's arm: an arc about the middle of the edge that may be crossed.
+ARM = np.array((0.10, -0.70, 0.70)) / np.linalg.norm((0.10, -0.70, 0.70))
+POLE = np.cross(ARM, (0.22, 0.60, 0.60)) / np.linalg.norm(np.cross(ARM, (0.22, 0.60, 0.60)))
+
+# Nebulae: where, how far they reach (radians), their colour, a seed.
+NEBULAE = (((-0.34, 0.22, 1.0), 0.34, (176, 52, 112), 31), ((0.42, 0.10, 1.0), 0.20, (26, 104, 146), 47),
+           ((1.0, 0.16, -0.12), 0.38, (58, 76, 176), 59), ((1.0, -0.42, 0.40), 0.17, (140, 64, 40), 61),
+           ((-1.0, -0.10, 0.16), 0.33, (156, 94, 36), 67), ((-1.0, 0.42, -0.42), 0.17, (110, 44, 130), 71),
+           ((0.12, -0.14, -1.0), 0.40, (70, 58, 164), 73), ((0.2, 1.0, -0.1), 0.30, (20, 96, 112), 79),
+           ((-0.35, -1.0, -0.35), 0.22, (150, 60, 70), 83))
 
 
 def sky(size=2048, seed=3):
@@ -48,58 +63,76 @@ def _between(grid, rows, cols):
         (grid[r + 1, c] * (1 - fc) + grid[r + 1, c + 1] * fc) * fr
 
 
-def _band(d):
-    return np.exp(-((d @ POLE) / 0.20) ** 2)
+def _angle(d, centre):
+    return np.arccos(np.clip(d @ centre, -1, 1))
+
+
+def _arm(d):
+    """The arm's light: narrow across, long along, without detail."""
+    return np.exp(-((d @ POLE) / 0.17) ** 2) * (1 - smoothstep(0.55, 1.15, _angle(d, ARM)))
 
 
 def haze(d, seed):
-    """The band with its dust lanes, and a few nebulae."""
-    warp = noise.fractal(d * 2.2, seed, 5)
-    latitude = d @ POLE + 0.10 * warp
-    lanes = smoothstep(-0.05, 0.45, noise.fractal(d * 4.2 + 0.5 * warp[..., None], seed + 10, 7, 0.58))
-    dust = np.clip(np.exp(-(latitude / 0.20) ** 2) * (1 - 0.85 * lanes * np.exp(-(latitude / 0.09) ** 2)), 0, 1)
+    """The arm with its dust lanes, and the nebulae."""
+    warp = np.stack([noise.fractal(d * 2.2, seed + k, 5) for k in range(3)], axis=-1)
+    bent = d + 0.22 * warp
+    bent = bent / np.linalg.norm(bent, axis=-1, keepdims=True)
+    lanes = smoothstep(-0.05, 0.45, noise.fractal(d * 4.2 + 0.5 * warp, seed + 10, 7, 0.58))
     mottle = 0.65 + 0.6 * noise.fractal(d * 9, seed + 20, 6, 0.6)
-    image = (dust * mottle)[..., None] * np.array((46, 44, 52), np.float32)
-    image += (np.exp(-(latitude / 0.07) ** 2) * mottle * (1 - lanes))[..., None] * np.array((26, 20, 12), np.float32)
-    for centre, reach, colour, n in (((-0.45, 0.10, 0.88), 0.50, (88, 26, 58), 31), ((0.55, -0.05, 0.83), 0.46, (16, 58, 84), 47),
-                                     ((0.8, 0.3, -0.5), 0.55, (28, 40, 92), 59), ((-0.7, -0.4, -0.6), 0.5, (84, 50, 20), 67)):
-        c = np.array(centre) / np.linalg.norm(centre)
-        near = np.exp(-(np.maximum(1 - d @ c, 0) / (reach * reach)) ** 1.3)
-        folds = noise.fractal(d * 3.0 + 0.9 * noise.fractal(d * 2.1, n, 4)[..., None], n + 1, 7, 0.56)
-        veil = near * smoothstep(-0.25, 0.7, folds) ** 1.4
-        core = near * smoothstep(0.15, 0.8, noise.ridged(d * 2.6 + 0.4 * folds[..., None], n + 2, 6)) * veil
-        image += veil[..., None] * np.array(colour, np.float32) * 1.25
-        image += core[..., None] * np.array((150, 140, 150), np.float32) * 0.5
-    return image + np.array((3, 4, 9), np.float32)
+    across = bent @ POLE
+    dust = _arm(bent) * np.clip(1 - 0.85 * lanes * np.exp(-(across / 0.08) ** 2), 0, 1) * mottle
+    image = dust[..., None] * np.array((72, 68, 78), np.float32)
+    image += (_arm(bent) * np.exp(-(across / 0.06) ** 2) * mottle * (1 - lanes))[..., None] * np.array((60, 46, 28), np.float32)
+    for centre, reach, colour, n in NEBULAE:
+        near = np.exp(-(_angle(bent, np.array(centre) / np.linalg.norm(centre)) / reach) ** 2)
+        if near.max() < 0.01:
+            continue
+        folds = noise.fractal(d * 3.4 + 0.9 * warp, n + 1, 7, 0.56)
+        veil = near * smoothstep(-0.25, 0.7, folds) ** 1.3
+        core = veil * near * smoothstep(0.15, 0.8, noise.ridged(d * 2.8 + 0.4 * folds[..., None], n + 2, 6))
+        image += veil[..., None] * np.array(colour, np.float32) * 1.3
+        image += core[..., None] * np.array((150, 140, 150), np.float32) * 0.7
+    return DARK + image * _open(d)[..., None]
+
+
+def _open(d):
+    """0 along the edges of the box, all but the one that the arm crosses, and 1 within the faces."""
+    x, y, z = (np.abs(d[..., k]) for k in range(3))
+    crossed = (d[..., 1] < 0) & (d[..., 2] > 0) & (x < np.minimum(y, z))
+    second = np.where(crossed, x, np.sort(np.abs(d), axis=-1)[..., 1])
+    away = 1 - second / np.abs(d).max(axis=-1)
+    return smoothstep(0.008, 0.22, away)
 
 
 def _stars(image, cell, seed):
-    """Stars are sown by direction, so that their density does not show the box, and are drawn as
-    round spots in the texels around it."""
+    """Stars are sown by direction, so that their density does not show the box, and are drawn over the
+    texels within a small angle of them, so that they are round however the box stretches them."""
     rng = np.random.default_rng(seed)
     size = image.shape[0]
-    count = 9000
+    count = 13000
     v = rng.normal(size=(count, 3))
     v /= np.linalg.norm(v, axis=1, keepdims=True)
     light = rng.random(count) ** 7
     warmth = rng.random(count)
     for direction, power, warm in zip(v, light, warmth):
-        if _band(direction) < 0.3 and rng.random() < 0.45:
-            continue  # most stars stand in the band
-        col, row = _texel(direction, size)
+        if _arm(direction) < 0.2 and rng.random() < 0.3:
+            continue  # they stand closer in the arm
+        spread = 0.0013 + 0.0013 * power
+        away = np.sort(np.abs(direction))
+        if 1 - away[1] / away[2] < 3.5 * spread + 0.004:
+            continue
         tint = np.array((255, 244, 226)) if warm < 0.5 else np.array((214, 228, 255)) if warm < 0.9 else np.array((255, 206, 160))
-        spread = 0.55 + 0.75 * power
-        reach = 2 + int(4 * power)
-        r0, c0 = int(row), int(col)
-        for r in range(max(0, r0 - reach), min(size, r0 + reach + 1)):
-            for c in range(max(0, c0 - reach), min(size, c0 + reach + 1)):
-                if cell[r, c] == cell[r0, c0]:
-                    e = ((r + 0.5 - row) ** 2 + (c + 0.5 - col) ** 2) / (2 * spread * spread)
-                    image[r, c] += tint / 255 * (42 + 231 * power) * np.exp(-e)
+        key, col, row = _texel(direction, size)
+        reach = 4 + int(3 * spread * size)
+        r0, c0 = max(0, int(row) - reach), max(0, int(col) - reach)
+        rows, cols = np.mgrid[r0:min(size, int(row) + reach + 1), c0:min(size, int(col) + reach + 1)]
+        off = _direction(key, cols + 0.5, rows + 0.5, size) - direction
+        spot = (34 + 239 * power) * np.exp(-(off * off).sum(axis=-1) / (2 * spread * spread))
+        image[rows, cols] += tint / 255 * (spot * (cell[rows, cols] == cell[int(row), int(col)]))[..., None]
 
 
 def _texel(v, size):
-    """Where on the picture a direction lies: column and row from the upper left corner."""
+    """Where on the picture a direction lies: its cell, column and row from the upper left corner."""
     axis = int(np.argmax(np.abs(v)))
     p = v / abs(v[axis])
     for (c, r), (corner, across, up) in CELLS.items():
@@ -108,5 +141,15 @@ def _texel(v, size):
             continue
         s, t = (p - corner) @ across / 2, (p - corner) @ up / 2
         u = COLUMNS[c] + s * (COLUMNS[c + 1] - COLUMNS[c])
-        return min(u * size, size - 1), min((1 - (0.5 * r + 0.5 * t)) * size, size - 1)
+        return (c, r), min(u * size, size - 1), min((1 - (0.5 * r + 0.5 * t)) * size, size - 1)
     raise ValueError(f"no face for {v}")
+
+
+def _direction(key, cols, rows, size):
+    """The other way round: the directions of places on the picture that belong to a cell."""
+    c, r = key
+    corner, across, up = (np.array(a) for a in CELLS[key])
+    s = 2 * (cols / size - COLUMNS[c]) / (COLUMNS[c + 1] - COLUMNS[c])
+    t = 2 * ((1 - rows / size) - 0.5 * r) * 2
+    p = corner + s[..., None] * across + t[..., None] * up
+    return p / np.linalg.norm(p, axis=-1, keepdims=True)

@@ -80,8 +80,64 @@ def engine(base=55, seconds=2.0, seed=11):
     return loop / np.abs(loop).max() * 0.7
 
 
-SOUNDS = {"laser_light": light_laser, "laser_needle": needle_laser, "laser_heavy": heavy_laser,
-          "engine_fighter": engine, "engine_heavy": lambda: engine(33, 2.4, 29)}
+def _rumble(t, seed, start, end, decay):
+    """Noise whose band sinks from `start` to `end`: the roar of something that burns out."""
+    lows, highs = _hiss(len(t), seed, end * 0.3, end * 3), _hiss(len(t), seed + 1, start * 0.4, start * 2.5)
+    sink = np.exp(-t * decay)
+    return highs * sink + lows * (1 - 0.55 * sink)
+
+
+def explosion():
+    """A ship: a crack, a deep thump, a long burning roar with bursts in it, debris raining out."""
+    t = _time(2.6)
+    rng = np.random.default_rng(71)
+    crack = _hiss(len(t), 73, 900, 7000) * np.exp(-t * 26) * 1.3
+    thump = _sweep(28 + 95 * np.exp(-t * 9)) * np.exp(-t * 4.2) * 1.2
+    roar = np.tanh(2.2 * _rumble(t, 79, 900, 110, 2.6)) * np.exp(-t * 1.5) * (1 - np.exp(-t * 90)) * 1.7
+    bursts = np.zeros_like(t)
+    for at, power in zip(rng.uniform(0.12, 1.3, 7), rng.uniform(0.25, 0.6, 7)):
+        since = np.maximum(t - at, 0)
+        bursts += power * np.exp(-since * 13) * (1 - np.exp(-since * 300)) * _sweep(55 + 130 * np.exp(-since * 20))
+    debris = _hiss(len(t), 83, 2200, 6500) * np.exp(-t * 2.4) * 0.22 * (rng.random(len(t)) < 0.05).astype(float)
+    return _shaped(np.tanh(1.3 * (crack + thump + roar + bursts)) + debris, 0.002, 0.92)
+
+
+def torpedo_blast():
+    """Sharper and higher than a ship's end: a discharge that collapses, ringing, into a short roar."""
+    t = _time(1.7)
+    zap = np.tanh(3 * _sweep(140 + 2600 * np.exp(-t * 13))) * np.exp(-t * 9)
+    ring = sum(_sweep(f * (1 + 0.3 * np.exp(-t * 6))) * np.exp(-t * d) for f, d in ((311, 4.5), (467, 6), (703, 8))) * 0.3
+    thump = _sweep(38 + 120 * np.exp(-t * 14)) * np.exp(-t * 4.5) * 1.3
+    roar = _rumble(t, 91, 1700, 220, 4) * np.exp(-t * 3) * 1.1
+    return _shaped(np.tanh(1.2 * (zap + ring + thump + 1.5 * roar)), 0.002, 0.88)
+
+
+def torpedo_launch():
+    """A clank of the tube, then the motor: a rush that climbs and draws away."""
+    t = _time(1.1)
+    clank = sum(np.sin(2 * np.pi * f * t) * np.exp(-t * d) for f, d in ((183, 30), (412, 38), (977, 55))) * 0.5
+    lit = 1 - np.exp(-np.maximum(t - 0.05, 0) * 28)
+    rush = _hiss(len(t), 97, 500, 4200) * lit * np.exp(-t * 2.6) * 1.3
+    whine = _sweep(240 + 620 * (1 - np.exp(-t * 3.2))) * lit * np.exp(-t * 3.4) * 0.4
+    push = _sweep(52 + 40 * np.exp(-t * 12)) * np.exp(-t * 5)
+    return _shaped(clank + rush + whine + push, 0.002, 0.8)
+
+
+def click():
+    """An empty tube: a dry double tick."""
+    t = _time(0.12)
+    out = np.zeros_like(t)
+    for at, power, f in ((0.0, 1.0, 1900), (0.045, 0.7, 1450)):
+        since = np.maximum(t - at, 0)
+        out += power * (t >= at) * np.exp(-since * 210) * (np.sin(2 * np.pi * f * since) + 0.6 * np.sin(2 * np.pi * 2.7 * f * since))
+    return _shaped(out, 0.0008, 0.6)
+
+
+# By file, as seen from data/. The three in data/ itself are known to the game by name.
+SOUNDS = {"sounds/laser_light": light_laser, "sounds/laser_needle": needle_laser, "sounds/laser_heavy": heavy_laser,
+          "sounds/engine_fighter": engine, "sounds/engine_heavy": lambda: engine(33, 2.4, 29),
+          "sounds/torpedo_launch": torpedo_launch,
+          "explosion": explosion, "torpedo_explode": torpedo_blast, "click": click}
 
 
 def write(path, samples):

@@ -57,6 +57,7 @@ OpenGLContext::OpenGLContext() {
     glClearColor(0, 0, 0, 0);
     glShadeModel(GL_SMOOTH);
     glEnable(GL_DEPTH_TEST);
+    glEnable(GL_NORMALIZE);  // what is drawn at another scale is lit like the rest
 
     lights.push_back(lf.getOmniLight(Point4(0, 50, 0, 1), new ColorRGB(1, 1, 1)));
     lf.applyModel();

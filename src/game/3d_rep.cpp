@@ -1,9 +1,13 @@
 #include "game/3d_rep.h"
 
 #include "3d/3d_object.h"
+#include "3d/animated_sprite.h"
 #include "3d/ase_object.h"
 #include "3d/bounding_box.h"
 #include "3d/bounding_sphere.h"
+#include "3d/gfx_factory.h"
+#include "game/chance.h"
+#include "game/explosion.h"
 #include "game/game_event.h"
 #include "game/hit_test.h"
 #include "xml/xml_element.h"
@@ -16,6 +20,22 @@ namespace {
 
 const std::string null_item = "_3D_Rep:.addItem: null pointer";
 const std::string invalid_slot = "_3D_Rep: invalid slot";
+
+constexpr float explosion_scale = 8;  // times the radius of the part
+
+// From these shares of its explosion on, a part may set fire to what is mounted on it and to what
+// it is mounted on, with the same chance in every update.
+constexpr float spread_to_items = 0.3f;
+constexpr float spread_to_parent = 0.5f;
+constexpr double spread_chance = 0.05;
+
+// No two parts burn equally long: from 80 to 120 percent of the sprite's own duration.
+constexpr double shortest_share = 0.8;
+constexpr double share_range = 0.4;
+
+bool spreads() {
+    return randomFraction() < spread_chance;
+}
 
 /// Calls `use` with a copy of the bounds, of the kind that they are.
 template <class Use>
@@ -48,7 +68,15 @@ void _3D_Rep::draw(DRWenum mode) const {
         slot.item->draw(mode);
         glPopMatrix();
     }
-    if (obj && !exploding) obj->draw(mode);
+    if (explosion)
+        drawExplosion();
+    else if (obj)
+        obj->draw(mode);
+}
+
+void _3D_Rep::drawExplosion() const {
+    if (exploded || !b_obj) return;
+    drawPartExplosion(*explosion, getPosition(), b_obj->getRadius() * explosion_scale);
 }
 
 Point4 _3D_Rep::getPosition() const {
@@ -80,7 +108,8 @@ bool _3D_Rep::updateTree(unsigned int timediff) {
     for (const slot_t& slot : slots) {
         if (slot.item) slot.item->update(timediff);
     }
-    if (!exploding || exploded) return false;
+    if (!explosion || exploded) return false;
+    if (explosion->updateAnimation(static_cast<int>(timediff))) return spreadExplosion();
 
     exploded = true;
     for (const slot_t& slot : slots) {
@@ -89,9 +118,21 @@ bool _3D_Rep::updateTree(unsigned int timediff) {
     return true;
 }
 
+bool _3D_Rep::spreadExplosion() {
+    const float progress = explosion->getProgress();
+    if (progress <= spread_to_items) return false;
+    for (const slot_t& slot : slots) {
+        if (slot.item && spreads()) slot.item->explode();
+    }
+    return progress > spread_to_parent && spreads();
+}
+
 void _3D_Rep::explode() {
-    if (exploding) return;
-    exploding = true;
+    if (explosion) return;
+    explosion = std::make_unique<AnimatedSprite>(
+        GFX_Factory::getInstance()->getAnimatedSprite(explosion_name));
+    const double share = shortest_share + share_range * randomFraction();
+    explosion->setDuration(static_cast<int>(explosion->getDuration() * share));
     resetStarshipControl();
 }
 

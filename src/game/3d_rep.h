@@ -14,6 +14,7 @@
 class _3D_Rep;
 class _3DObject;
 class _BoundingObject;
+class AnimatedSprite;
 class BoundingBox;
 class XMLElement;
 
@@ -47,8 +48,8 @@ class _3D_Rep : public _Drawable, public _Hitable {
 public:
     ~_3D_Rep() override;
 
-    /// Draws what is mounted and then the part itself, unless it has exploded. Items are moved to
-    /// their slots, never turned.
+    /// Draws what is mounted and then the part itself: its model, its explosion from the moment
+    /// that it bursts, and nothing once that is over. Items are moved to their slots, never turned.
     void draw(DRWenum mode) const override;
 
     /// The part's place in the world: its parent's, plus the slot's, unturned.
@@ -66,6 +67,7 @@ public:
     bool isPerhapsHit(const _BoundingObject& object, float& damage) override;
 
     /// Starts the part's explosion, which takes the ship's control away. A part explodes only once.
+    /// Throws Exception when the effects hold no sprite of the part's explosion name.
     void explode();
 
     void set3DObject(std::shared_ptr<const _3DObject> model) { obj = std::move(model); }
@@ -118,13 +120,17 @@ protected:
     /// The hit test with the ship at the given pose.
     bool isHitAt(const Point4& pos, const Vector4& direction, const Vector4& up,
                  const _BoundingObject& object, float& damage);
-    /// The update without the last step: true when the explosion goes on to the parent.
+    /// The update without the last step: true when the explosion goes on to the parent. It spreads
+    /// to what is mounted by chance from early on, to the parent from its middle on, and at its end
+    /// to all of them.
     bool updateTree(unsigned int timediff);
 
 private:
     void setMatrix(const Matrix4& m) { transform = m; }
     void checkSlot(int i) const;
     bool isItemHit(const _BoundingObject& object, float& damage);
+    void drawExplosion() const;
+    bool spreadExplosion();
 
     std::shared_ptr<const _3DObject> obj;
     std::unique_ptr<_BoundingObject> b_obj;
@@ -133,7 +139,7 @@ private:
     std::string explosion_name;
     int parent_slot_number = -1;
     std::vector<slot_t> slots;
-    bool exploding = false;  ///< the explosion has started; the part is not drawn any more
-    bool exploded = false;   ///< the explosion is over and has spread
+    std::unique_ptr<AnimatedSprite> explosion;  ///< null until it starts
+    bool exploded = false;                      ///< the explosion is over and has spread
     Matrix4 transform = Matrix4(MATRIX_UNIT);
 };

@@ -6,7 +6,9 @@
 #include "game/galaxy.h"
 #include "game/game_event.h"
 #include "game/starship.h"
+#include "game/torpedo_launcher.h"
 
+#include <cmath>
 #include <list>
 
 namespace {
@@ -55,7 +57,10 @@ void _Control::thrust(int time_diff) {
 
 void _Control::shoot() {
     fired = false;
-    if (weapon_mode == WP_LASER) fireLasers();
+    if (weapon_mode == WP_LASER)
+        fireLasers();
+    else
+        fireTorpedo();
 }
 
 void _Control::fireLasers() {
@@ -65,11 +70,32 @@ void _Control::fireLasers() {
     throw LaserFiredEvent(lasers);
 }
 
-void _Control::selectObject() {
-    if (!ship->getGalaxy()) return;
+/// Nothing leaves a ship without a launcher, nor a launcher without stock or charge.
+void _Control::fireTorpedo() {
+    TorpedoLauncher* launcher = ship->getTorpedoLauncher();
+    if (!launcher) return;
+    if (Torpedo* torpedo = launcher->fire()) throw TorpedoFiredEvent(torpedo);
+}
+
+bool _Control::isDirection(const Vector4& v) {
+    const float length = v.getLength();
+    return length > 0 && std::isfinite(length);
+}
+
+ObjectSlot _Control::findAhead(float range) const {
+    const Vector4 orientation = ship->getOrientation();
+    if (!ship->getGalaxy() || !isDirection(orientation)) return {};
 
     const Point4 start = ship->getPosition();
-    const Point4 end = start + ship->getOrientation().normalize() * select_range;
-    const ObjectSlot found = ship->getGalaxy()->getObjectByLine(ship, start, end);
-    if (found && *found) ship->selected_object = found;
+    const Point4 end = start + Vector4(orientation).normalize() * range;
+    return ship->getGalaxy()->getObjectByLine(ship, start, end);
+}
+
+void _Control::select(const ObjectSlot& object) {
+    ship->selected_object = object;
+}
+
+void _Control::selectObject() {
+    const ObjectSlot found = findAhead(select_range);
+    if (found && *found) select(found);
 }

@@ -3,6 +3,7 @@
 #include <SDL.h>
 
 #include "3d/vector.h"
+#include "game/object_slot.h"
 
 class Starship;
 
@@ -52,6 +53,13 @@ protected:
     /// The pilot's part of the frame: changes the wishes below.
     virtual void updateAI(int time_diff) = 0;
 
+    /// Whether a vector leads anywhere: it has a length, and one that can be told.
+    static bool isDirection(const Vector4& v);
+
+    /// The slot of the nearest object within `range` world units straight ahead, empty without one.
+    ObjectSlot findAhead(float range) const;
+    /// Makes an object the ship's target.
+    void select(const ObjectSlot& object);
     /// Makes the nearest object ahead the ship's target; keeps the old one when there is none.
     void selectObject();
 
@@ -70,4 +78,5 @@ private:
     void thrust(int time_diff);
     void shoot();
     void fireLasers();
+    void fireTorpedo();
 };

@@ -5,14 +5,21 @@
 #include "3d/camera_interface.h"
 #include "3d/frustum.h"
 #include "3d/opengl.h"
+#include "3d/particle_factory.h"
+#include "3d/space_bg.h"
+#include "3d/vapor_trail.h"
 #include "game/camera_management.h"
 #include "game/control.h"
 #include "game/game_camera_interface.h"
 #include "game/game_event.h"
 #include "game/game_object.h"
+#include "game/hit_test.h"
 #include "game/laser.h"
+#include "game/part_store.h"
 #include "game/planet.h"
+#include "game/shield.h"
 #include "game/starship.h"
+#include "game/torpedo.h"
 #include "main/exception.h"
 #include "main/joystick.h"
 #include "main/log_factory.h"
@@ -22,8 +29,10 @@
 #include <SDL.h>
 
 #include <algorithm>
+#include <array>
 #include <iostream>
 #include <limits>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -99,17 +108,49 @@ bool isInView(const _GameObject& object, const Frustum& frustum) {
                : frustum.isVisible(static_cast<const BoundingSphere&>(bounds));
 }
 
-/// A galaxy names its background, and how far away it is.
-void checkBackground(const XMLElement& node) {
-    node.getAttributeAsString("space_bg_texture");
+/// The kinds of objects in the order of their values.
+constexpr int kinds = GO_LASER / GO_SUN + 1;
+
+int kindOf(int type) {
+    const bool known = type >= GO_SUN && type <= GO_LASER && type % GO_SUN == 0;
+    if (!known) throw Exception("Galaxy::detectCollisions: invalid GameObject type");
+    return type / GO_SUN;
+}
+
+template <class Object>
+Object& as(const ObjectSlot& slot) {
+    return static_cast<Object&>(**slot);
+}
+
+bool touches(const ObjectSlot& object, const ObjectSlot& other) {
+    return isHit((*object)->getBoundingObject(), (*other)->getBoundingObject());
+}
+
+std::unique_ptr<SpaceBG> makeBackground(const XMLElement& node) {
+    const std::string texture = node.getAttributeAsString("space_bg_texture");
     const int size = node.getAttributeAsInt("space_bg_size", 10);
     if (size < 0)
         throw Exception("Galaxy: attribute space_bg_size: " + std::to_string(size) + " is below 0");
+    return std::make_unique<SpaceBG>(static_cast<float>(size), texture);
+}
+
+/// Every ship that lives in a galaxy has a shield, whatever its element names.
+std::unique_ptr<Starship> makeShip(const XMLElement& node) {
+    auto ship = std::make_unique<Starship>(node);
+    ship->setShield(PartStore::getInstance()->getShield("Simple Shield"));
+    return ship;
+}
+
+ParticleGroup* makeParticles() {
+    constexpr float extent = 1000, least_size = 1, most_size = 2;
+    constexpr unsigned int count = 5000;
+    return ParticleFactory::getInstance()->createParticles(Point4(), extent, count, least_size,
+                                                           most_size, PTCL_POINT);
 }
 
 }  // namespace
 
-Galaxy::Galaxy(Game* g) : game(g) {}
+Galaxy::Galaxy(Game* g) : game(g), nobody(std::make_shared<_GameObject*>(nullptr)) {}
 
 // What was built before a faulty element goes with the galaxy.
 Galaxy::Galaxy(const XMLElement& root_node, Game* g) : Galaxy(g) {
@@ -120,13 +161,17 @@ Galaxy::Galaxy(const XMLElement& root_node, Game* g) : Galaxy(g) {
     for (XMLElement child = root_node.getFirstChild(); !child.isNull(); child = child.getNext()) {
         const std::string name = child.getName();
         if (name == "Planet") add(std::make_unique<Planet>(child));
-        if (name == "Starship") add(std::make_unique<Starship>(child));
+        if (name == "Starship") add(makeShip(child));
     }
-    checkBackground(root_node);
+    particles = makeParticles();
+    bg = makeBackground(root_node);
 }
 
 Galaxy::~Galaxy() {
-    for (auto& [id, slot] : objects) remove(slot);
+    for (const auto& [id, slot] : objects)
+        if (*slot) remove(slot);
+    if (player_starship) forget(*player_starship);  // it was refused, and never stored
+    if (particles) ParticleFactory::getInstance()->deleteParticles(particles);
 }
 
 void Galaxy::add(std::unique_ptr<_GameObject> object) {
@@ -135,40 +180,55 @@ void Galaxy::add(std::unique_ptr<_GameObject> object) {
 }
 
 void Galaxy::store(_GameObject& object) {
+    adopt(object);
     auto slot = std::make_shared<_GameObject*>(&object);
     ObjectSlot& entry = objects[object.getId()];
-    if (entry) remove(entry);
+    if (entry && *entry) remove(entry);
     entry = std::move(slot);
+    grid.insert(entry);
+}
+
+void Galaxy::adopt(_GameObject& object) {
+    if (object.galaxy && object.galaxy != this) object.galaxy->forget(object);
     object.setGalaxy(this);
 }
 
 // Whoever keeps the slot reads null before the object goes.
-void Galaxy::remove(ObjectSlot& slot) {
-    _GameObject* object = std::exchange(*slot, nullptr);
-    const std::unique_ptr<_GameObject> owned(object == player_starship ? nullptr : object);
+void Galaxy::remove(const ObjectSlot& slot) {
+    const std::unique_ptr<_GameObject> owned(*slot == player_starship ? nullptr : *slot);
+    forget(**slot);
 }
 
-ObjectSlot Galaxy::getObjectById(int i) {
-    ObjectSlot& slot = objects[i];
-    if (!slot) slot = std::make_shared<_GameObject*>(nullptr);
-    return slot;
+void Galaxy::forget(_GameObject& object) {
+    const auto entry = objects.find(object.getId());
+    if (entry != objects.end() && *entry->second == &object) *entry->second = nullptr;
+    grid.erase(object);
+    object.setGalaxy(nullptr);
+    if (&object == player_starship) player_starship = nullptr;
+}
+
+ObjectSlot Galaxy::getObjectById(int i) const {
+    const auto entry = objects.find(i);
+    return entry == objects.end() ? nobody : entry->second;
 }
 
 ObjectSlot Galaxy::getObjectByLine(const _GameObject* ego, const Point4& start,
                                    const Point4& end) const {
-    const ObjectSlot* nearest = nullptr;
+    const ObjectGrid::Entry* nearest = nullptr;
     float nearest_distance = std::numeric_limits<float>::infinity();
-    for (const auto& [id, slot] : objects) {
-        const _GameObject* object = *slot;
-        if (!object || object == ego) continue;
+    grid.findAlong(start, end, along_line);
+    for (const ObjectGrid::Entry* entry : along_line) {
+        if (entry->object == ego) continue;
 
-        const float distance = Vector4(start, object->getPosition()).getLength();
-        if (distance < nearest_distance && object->getBoundingSphere().isIntersected(start, end)) {
-            nearest = &slot;
+        const float distance = Vector4(start, entry->object->getPosition()).getLength();
+        const bool nearer = distance < nearest_distance ||
+                            (nearest && distance == nearest_distance && entry->id < nearest->id);
+        if (nearer && entry->object->getBoundingSphere().isIntersected(start, end)) {
+            nearest = entry;
             nearest_distance = distance;
         }
     }
-    return nearest ? *nearest : ObjectSlot();
+    return nearest ? *nearest->slot : ObjectSlot();
 }
 
 void Galaxy::update(int timediff) {
@@ -180,13 +240,16 @@ void Galaxy::update(int timediff) {
             entry = objects.erase(entry);
         }
     }
+    VaporTrail::getInstance()->update(static_cast<unsigned int>(timediff));
 }
 
-void Galaxy::updateObject(ObjectSlot& slot, int timediff) {
+void Galaxy::updateObject(const ObjectSlot& slot, int timediff) {
     try {
         (*slot)->update(timediff);
     } catch (const LaserFiredEvent& event) {
         addLasers(event);
+    } catch (const TorpedoFiredEvent& event) {
+        addTorpedo(event);
     } catch (const LaserFadedEvent&) {
         remove(slot);
     } catch (const TorpedoFadedEvent&) {
@@ -203,15 +266,156 @@ void Galaxy::addLasers(const LaserFiredEvent& event) {
     for (auto& laser : lasers) addShot(std::move(laser), last_laser);
 }
 
+void Galaxy::addTorpedo(const TorpedoFiredEvent& event) {
+    addShot(std::unique_ptr<_GameObject>(event.getTorpedo()), last_torpedo);
+}
+
 void Galaxy::addShot(std::unique_ptr<_GameObject> shot, unsigned int& count) {
     shot->setId(static_cast<int>(++count & shot_number_mask) | shot->getType());
     add(std::move(shot));
+}
+
+bool Galaxy::detectCollisions() {
+    bool stop_time = false;
+    near_pairs.start(objects);
+    while (const NearPairs::Pair* pair = near_pairs.next()) {
+        if (!collide(*pair->first, *pair->second)) continue;
+        stop_time = true;
+        const bool both_there = **pair->first && **pair->second;
+        if (both_there) near_pairs.restart(objects);  // the player's ship has moved
+    }
+    return stop_time;
+}
+
+bool Galaxy::collide(const ObjectSlot& first, const ObjectSlot& second) {
+    const Rule rule = findRule((*first)->getType(), (*second)->getType());
+    if (!rule) return false;
+    try {
+        return (this->*rule)(first, second);
+    } catch (const DestroyEvent&) {
+        logLine(std::cerr, "WARNING (GAME): ",
+                "Galaxy::detectCollisions: DestroyEvent in this method is obsolete");
+        return false;
+    }
+}
+
+Galaxy::Rule Galaxy::findRule(int first_type, int second_type) {
+    using Rules = std::array<std::array<Rule, kinds>, kinds>;
+    static const Rules rules = [] {
+        Rules table{};
+        for (const auto& [first, second, rule] : std::initializer_list<std::tuple<int, int, Rule>>{
+                 {GO_PLANET, GO_STARSHIP, &Galaxy::approachShip},
+                 {GO_PLANET, GO_TORPEDO, &Galaxy::stopTorpedo},
+                 {GO_PLANET, GO_LASER, &Galaxy::stopLaser},
+                 {GO_STARSHIP, GO_PLANET, &Galaxy::approachPlanet},
+                 {GO_STARSHIP, GO_STARSHIP, &Galaxy::crash},
+                 {GO_STARSHIP, GO_TORPEDO, &Galaxy::hit<Torpedo>},
+                 {GO_STARSHIP, GO_LASER, &Galaxy::hit<Laser>},
+                 {GO_TORPEDO, GO_PLANET, &Galaxy::swapped<&Galaxy::stopTorpedo>},
+                 {GO_TORPEDO, GO_STARSHIP, &Galaxy::swapped<&Galaxy::hit<Torpedo>>},
+                 {GO_TORPEDO, GO_TORPEDO, &Galaxy::setOffBoth},
+                 {GO_TORPEDO, GO_LASER, &Galaxy::shootDown},
+                 {GO_LASER, GO_PLANET, &Galaxy::swapped<&Galaxy::stopLaser>},
+                 {GO_LASER, GO_STARSHIP, &Galaxy::swapped<&Galaxy::hit<Laser>>},
+                 {GO_LASER, GO_TORPEDO, &Galaxy::swapped<&Galaxy::shootDown>},
+             })
+            table[kindOf(first)][kindOf(second)] = rule;
+        return table;
+    }();
+    const int first = kindOf(first_type);
+    const int second = second_type / GO_SUN;
+    return second < kinds && second_type % GO_SUN == 0 ? rules[first][second] : nullptr;
+}
+
+template <Galaxy::Rule rule>
+bool Galaxy::swapped(const ObjectSlot& first, const ObjectSlot& second) {
+    return (this->*rule)(second, first);
+}
+
+bool Galaxy::approachShip(const ObjectSlot& planet, const ObjectSlot& ship) {
+    constexpr float climb = 50, take_off_velocity = 10;
+    if (!touches(ship, planet)) return false;
+    if (!land(ship, as<Planet>(planet), climb)) return true;
+
+    player_starship->setHeading(player_starship->getOrientation());
+    player_starship->setVelocity(take_off_velocity);
+    player_starship->getControl()->reset();
+    return true;
+}
+
+bool Galaxy::approachPlanet(const ObjectSlot& ship, const ObjectSlot& planet) {
+    constexpr float climb = 100;
+    if (!touches(ship, planet)) return false;
+    land(ship, as<Planet>(planet), climb);
+    return true;
+}
+
+bool Galaxy::land(const ObjectSlot& ship, const Planet& planet, float climb) {
+    if (*ship != player_starship) {
+        remove(ship);
+        return false;
+    }
+    planet.run();
+    takeOff(planet, climb);
+    return true;
+}
+
+void Galaxy::takeOff(const Planet& planet, float climb) {
+    constexpr float clearance = 1;
+    Vector4 away(planet.getPosition(), player_starship->getPosition());
+    const float height = away.getLength();
+    const float clear_height =
+        NearPairs::findReach(planet) + NearPairs::findReach(*player_starship) + clearance;
+    if (height == 0) away = player_starship->getOrientation();
+
+    player_starship->setOrientation(away.normalize());
+    player_starship->setPosition(player_starship->getPosition() +
+                                 away * std::max(climb, clear_height - height));
+}
+
+bool Galaxy::stopTorpedo(const ObjectSlot& planet, const ObjectSlot& torpedo) {
+    if (touches(torpedo, planet)) as<Torpedo>(torpedo).destroy();
+    return false;
+}
+
+bool Galaxy::stopLaser(const ObjectSlot& planet, const ObjectSlot& laser) {
+    if (touches(laser, planet)) remove(laser);
+    return false;
+}
+
+bool Galaxy::crash(const ObjectSlot& ship, const ObjectSlot& other) {
+    float no_energy = 0;
+    if (!as<Starship>(ship).isPerhapsHit((*other)->getBoundingObject(), no_energy)) return false;
+    as<Starship>(ship).explode(true);
+    as<Starship>(other).explode(true);
+    return false;
+}
+
+template <class Shot>
+bool Galaxy::hit(const ObjectSlot& ship, const ObjectSlot& shot) {
+    as<Starship>(ship).isPerhapsHit((*shot)->getBoundingObject(), as<Shot>(shot).getEnergy());
+    return false;
+}
+
+bool Galaxy::setOffBoth(const ObjectSlot& torpedo, const ObjectSlot& other) {
+    if (!touches(torpedo, other)) return false;
+    as<Torpedo>(torpedo).destroy();
+    as<Torpedo>(other).destroy();
+    return false;
+}
+
+bool Galaxy::shootDown(const ObjectSlot& torpedo, const ObjectSlot& laser) {
+    if (!touches(torpedo, laser)) return false;
+    as<Torpedo>(torpedo).destroy();
+    remove(laser);
+    return false;
 }
 
 void Galaxy::show() const {
     OpenGLContext* gl = OpenGLContext::getInstance();
     gl->startFrame(true);
     const DRWenum mode = gl->getDrawMode();
+    if (bg) bg->draw(mode);
     const Frustum frustum = gl->getCurrentCamera()->getFrustum();
     for (const auto& [id, slot] : objects)
         if (*slot && isInView(**slot, frustum)) (*slot)->draw(mode);
@@ -234,26 +438,21 @@ LVLenum Galaxy::run(Starship* ps) {
 
         start_ticks = SDL_GetTicks();
         update(duration);
+        if (detectCollisions())
+            start_ticks = SDL_GetTicks();  // a landing takes no time of the game
         show();
     }
 }
 
 void Galaxy::receive(Starship* ps) {
-    if (player_starship && player_starship != ps) forgetPlayer();
+    if (player_starship && player_starship != ps) forget(*player_starship);
+    adopt(*ps);
     player_starship = ps;
-    ps->setGalaxy(this);
     CameraManagement::getInstance()->setPlayerObject(ps);
     if (ps->getControl()->getType() != CTRL_PLAYER)
         throw Exception("Galaxy::run: player starship must have PlayerControl");
 
-    const auto entry = objects.find(ps->getId());
-    if (entry == objects.end() || *entry->second != ps) store(*ps);
-}
-
-// The ship is its owner's, and may be gone already.
-void Galaxy::forgetPlayer() {
-    for (auto& [id, slot] : objects)
-        if (*slot == player_starship) *slot = nullptr;
+    if (*getObjectById(ps->getId()) != ps) store(*ps);
 }
 
 std::optional<LVLenum> Galaxy::dispatch(const SDL_Event& event, _Control& pilot) {

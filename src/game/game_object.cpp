@@ -1,8 +1,9 @@
 #include "game/game_object.h"
 
-#include "3d/bounding_object.h"
+#include "3d/bounding_box.h"
 #include "3d/bounding_sphere.h"
 #include "3d/matrix.h"
+#include "game/galaxy.h"
 #include "game/game_camera.h"
 #include "main/log_factory.h"
 
@@ -23,6 +24,16 @@ Vector4 perpendicular(const Vector4& v) {
     return v ^ (y <= z ? Vector4(0, 1, 0, 1) : Vector4(0, 0, 1, 1));
 }
 
+/// Makes `copy` equal to `original`, whose kind is known. Takes memory only for another kind.
+template <class Bounds>
+void assign(const _BoundingObject& original, std::unique_ptr<_BoundingObject>& copy) {
+    const auto& bounds = static_cast<const Bounds&>(original);
+    if (copy && copy->getType() == original.getType())
+        static_cast<Bounds&>(*copy) = bounds;
+    else
+        copy = std::make_unique<Bounds>(bounds);
+}
+
 }  // namespace
 
 _GameObject::_GameObject(int i, GAMEOBJenum t) : id(i), type(t) {}
@@ -38,6 +49,7 @@ _GameObject::_GameObject(const _GameObject& other)
 
 _GameObject::~_GameObject() {
     logLine(std::cout, "!! GAME(5): ", "removing ", name);
+    if (galaxy) galaxy->forget(*this);
 
     CameraManagement* cameras = CameraManagement::getInstance();
     const bool watched = isWatched();
@@ -66,6 +78,11 @@ void _GameObject::removeCameras() {
                                                               static_cast<CAMPOSenum>(i));
     }
     cam_obj = nullptr;
+}
+
+void _GameObject::setPosition(const Point4& p) {
+    position = p;
+    if (galaxy) galaxy->grid.move(*this);
 }
 
 void _GameObject::setOrientation(const Vector4& v) {
@@ -111,7 +128,10 @@ camobj_t _GameObject::getCameras() const {
     return cam_obj ? *cam_obj : camobj_t{std::vector<_GameCameraInterface*>(camera_positions)};
 }
 
-std::unique_ptr<_BoundingObject> _GameObject::place(std::unique_ptr<_BoundingObject> bounds) const {
+void _GameObject::place(const _BoundingObject& model,
+                        std::unique_ptr<_BoundingObject>& bounds) const {
+    model.getType() == BOUNDING_SPHERE ? assign<BoundingSphere>(model, bounds)
+                                       : assign<BoundingBox>(model, bounds);
     bounds->transform(position, orientation, up);
-    return bounds;
+    if (galaxy) galaxy->grid.widen(*this, bounds->getRadius());
 }

@@ -34,6 +34,7 @@ public:
     /// An object at the origin that faces along +z, with +y up.
     _GameObject(int i, GAMEOBJenum t);
     /// The cameras of the object end with it; a view through one of them goes to the player's ship.
+    /// Slots that held the object read null.
     ~_GameObject() override;
     _GameObject& operator=(const _GameObject&) = delete;
 
@@ -46,7 +47,7 @@ public:
     Point4 getPosition() const { return position; }
     Vector4 getOrientation() const { return orientation; }
     Vector4 getUp() const { return up; }
-    void setPosition(const Point4& p) { position = p; }
+    void setPosition(const Point4& p);
     /// Turns the object to face along `v`, and its up vector with it so that it stays
     /// perpendicular.
     void setOrientation(const Vector4& v);
@@ -86,10 +87,13 @@ protected:
     void setName(const std::string& n) { name = n; }
     void setGalaxy(Galaxy* g) { galaxy = g; }
 
-    /// Moves bounds in model coordinates to the object's place in the world.
-    std::unique_ptr<_BoundingObject> place(std::unique_ptr<_BoundingObject> bounds) const;
+    /// Makes `bounds` a copy of `model`, which is in model coordinates, at the object's place in
+    /// the world. Writes over what is there if it is of the same kind.
+    void place(const _BoundingObject& model, std::unique_ptr<_BoundingObject>& bounds) const;
 
 private:
+    friend class ObjectGrid;
+
     /// Whether the player looks through one of the object's cameras.
     bool isWatched() const;
     void removeCameras();
@@ -103,4 +107,5 @@ private:
     CAMTYPEenum cam_type = CAM_INVALID;  ///< the kind under which the cameras are registered
     camobj_t* cam_obj = nullptr;         ///< the registered set; the camera management owns it
     Galaxy* galaxy = nullptr;
+    int grid_entry = -1;  ///< where the galaxy's grid keeps the object
 };

@@ -12,10 +12,16 @@ _MovingGameObject::~_MovingGameObject() = default;
 
 const _BoundingObject& _MovingGameObject::getBoundingObject() const {
     if (update_b_obj || !b_obj) {
-        b_obj = place(std::unique_ptr<_BoundingObject>(computeBoundingObject()));
+        if (!model_b_obj) model_b_obj.reset(computeBoundingObject());
+        place(*model_b_obj, b_obj);
         update_b_obj = false;
     }
     return *b_obj;
+}
+
+void _MovingGameObject::resetBoundingObject() {
+    model_b_obj.reset();
+    update_b_obj = true;
 }
 
 BoundingSphere _MovingGameObject::getBoundingSphere() const {

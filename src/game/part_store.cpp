@@ -1,10 +1,15 @@
 #include "game/part_store.h"
 
 #include "game/cannon.h"
+#include "game/cloak.h"
 #include "game/engine.h"
 #include "game/hull.h"
+#include "game/radar.h"
 #include "game/reactor.h"
+#include "game/shield.h"
 #include "game/tank.h"
+#include "game/torpedo.h"
+#include "game/torpedo_launcher.h"
 #include "game/wing.h"
 #include "main/log_factory.h"
 #include "xml/xml_element.h"
@@ -26,8 +31,12 @@ std::unique_ptr<_StarshipPart> PartStore::build(const XMLElement& node) {
 int PartStore::load(const XMLElement& root_node) {
     using Builder = std::unique_ptr<_StarshipPart> (*)(const XMLElement&);
     static const std::map<std::string, Builder> builders = {
-        {"Hull", build<Hull>},     {"Wing", build<Wing>},       {"Cannon", build<Cannon>},
-        {"Engine", build<Engine>}, {"Reactor", build<Reactor>}, {"Tank", build<Tank>},
+        {"Hull", build<Hull>},       {"Wing", build<Wing>},
+        {"Cannon", build<Cannon>},   {"TorpedoLauncher", build<TorpedoLauncher>},
+        {"Torpedo", build<Torpedo>}, {"Engine", build<Engine>},
+        {"Shield", build<Shield>},   {"Cloak", build<Cloak>},
+        {"Radar", build<Radar>},     {"Reactor", build<Reactor>},
+        {"Tank", build<Tank>},
     };
 
     if (root_node.getName() != "PartSection") {
@@ -83,8 +92,29 @@ Cannon* PartStore::getCannon(const std::string& name) const {
     return copy<Cannon>(name, PRT_CANNON, "getCannon", "a cannon");
 }
 
+TorpedoLauncher* PartStore::getTorpedoLauncher(const std::string& name) const {
+    return copy<TorpedoLauncher>(name, PRT_TORPEDO_LAUNCHER, "getTorpedoLauncher",
+                                 "a torpedo launcher");
+}
+
+Torpedo* PartStore::getTorpedo(const std::string& name) const {
+    return copy<Torpedo>(name, PRT_TORPEDO, "get", "a torpedo");
+}
+
 Engine* PartStore::getEngine(const std::string& name) const {
     return copy<Engine>(name, PRT_ENGINE, "getEngine", "an engine");
+}
+
+Radar* PartStore::getRadar(const std::string& name) const {
+    return copy<Radar>(name, PRT_RADAR, "get", "a radar");
+}
+
+Shield* PartStore::getShield(const std::string& name) const {
+    return copy<Shield>(name, PRT_SHIELD, "getShield", "a shield");
+}
+
+Cloak* PartStore::getCloak(const std::string& name) const {
+    return copy<Cloak>(name, PRT_CLOAK, "getCloak", "a cloak");
 }
 
 Reactor* PartStore::getReactor(const std::string& name) const {

@@ -8,10 +8,15 @@
 #include "main/exception.h"
 
 class Cannon;
+class Cloak;
 class Engine;
 class Hull;
+class Radar;
 class Reactor;
+class Shield;
 class Tank;
+class Torpedo;
+class TorpedoLauncher;
 class Wing;
 class XMLElement;
 
@@ -42,7 +47,12 @@ public:
     Hull* getHull(const std::string& name) const;
     Wing* getWing(const std::string& name) const;
     Cannon* getCannon(const std::string& name) const;
+    TorpedoLauncher* getTorpedoLauncher(const std::string& name) const;
+    Torpedo* getTorpedo(const std::string& name) const;
     Engine* getEngine(const std::string& name) const;
+    Radar* getRadar(const std::string& name) const;
+    Shield* getShield(const std::string& name) const;
+    Cloak* getCloak(const std::string& name) const;
     Reactor* getReactor(const std::string& name) const;
     Tank* getTank(const std::string& name) const;
 

@@ -10,10 +10,16 @@ _RotatingGameObject::~_RotatingGameObject() = default;
 
 const _BoundingObject& _RotatingGameObject::getBoundingObject() const {
     if (update_b_obj || !b_obj) {
-        b_obj = place(std::unique_ptr<_BoundingObject>(computeBoundingObject()));
+        if (!model_b_obj) model_b_obj.reset(computeBoundingObject());
+        place(*model_b_obj, b_obj);
         update_b_obj = false;
     }
     return *b_obj;
+}
+
+void _RotatingGameObject::resetBoundingObject() {
+    model_b_obj.reset();
+    update_b_obj = true;
 }
 
 BoundingSphere _RotatingGameObject::getBoundingSphere() const {

@@ -10,8 +10,8 @@ public:
     _RotatingGameObject(int i, GAMEOBJenum t);
     ~_RotatingGameObject() override;
 
-    /// Bounds in the object's own coordinates, from which its bounds in the world are made. The
-    /// caller owns the result.
+    /// Bounds in the object's own coordinates, from which its bounds in the world are made. Asked
+    /// for once, and again after resetBoundingObject(). The caller owns the result.
     virtual _BoundingObject* computeBoundingObject() const = 0;
 
     const _BoundingObject& getBoundingObject() const override;
@@ -24,11 +24,14 @@ public:
     float getVelocity() const { return velocity; }
 
 protected:
+    /// To be called when computeBoundingObject() would now give something else.
+    void resetBoundingObject();
     void setVelocity(float v) { velocity = v; }
 
     mutable bool update_b_obj = true;  ///< the bounds are stale
 
 private:
     float velocity = 0;
-    mutable std::unique_ptr<_BoundingObject> b_obj;  ///< in world coordinates
+    mutable std::unique_ptr<_BoundingObject> b_obj;        ///< in world coordinates
+    mutable std::unique_ptr<_BoundingObject> model_b_obj;  ///< in the object's own
 };

@@ -1,9 +1,18 @@
 #include "game/starship.h"
 
+#include "3d/animated_sprite.h"
+#include "3d/color_rgba.h"
+#include "3d/gfx_factory.h"
+#include "3d/vapor_trail.h"
+#include "game/ai_circle_control.h"
+#include "game/ai_control.h"
 #include "game/ai_static_control.h"
 #include "game/camera_management.h"
 #include "game/cannon.h"
+#include "game/chance.h"
+#include "game/cloak.h"
 #include "game/engine.h"
+#include "game/explosion.h"
 #include "game/facing.h"
 #include "game/game_camera_interface.h"
 #include "game/game_event.h"
@@ -11,20 +20,43 @@
 #include "game/hull.h"
 #include "game/part_store.h"
 #include "game/player_control.h"
+#include "game/radar.h"
 #include "game/reactor.h"
+#include "game/shield.h"
 #include "game/tank.h"
+#include "game/torpedo_launcher.h"
 #include "game/wing.h"
+#include "main/log_factory.h"
 #include "xml/xml_element.h"
 
 #include <SDL.h>
 
 #include <cstdlib>
+#include <iostream>
 #include <map>
 
 namespace {
 
 constexpr float wreck_roll_rate = 90;          // degrees per second
 constexpr double unarmed_target_range = 1000;  // world units
+constexpr float explosion_scale = 15;          // times the ship's radius
+
+// The shield shows itself after a hit, in flashes: milliseconds.
+constexpr int shield_display_time = 500;
+constexpr int shortest_flash = 100;
+constexpr int shortest_gap = 20;
+constexpr int first_flash = 50;
+
+/// From one to almost two times `shortest`.
+int phase(int shortest) {
+    return shortest + static_cast<int>(randomFraction() * shortest);
+}
+
+// The trail of vapour: one square a frame, that far behind the ship's middle.
+constexpr float trail_distance = 10;
+constexpr unsigned int trail_life = 2000;  // milliseconds
+constexpr unsigned int trail_start_size = 10;
+constexpr unsigned int trail_end_size = 20;
 
 struct ShipCamera {
     CAMPOSenum place;
@@ -52,11 +84,12 @@ Starship::Starship(const XMLElement& node)
         throw Exception("Starship::Starship: invalid game file (wrong node type)");
     }
     readPose(node);
-    readParts(node);
+    std::unique_ptr<Shield> new_shield = readParts(node);
     readChildren(node);
     if (!control) control = std::make_unique<AIStaticControl>(this);
 
     computeTotalBoundingBox();
+    setShield(new_shield.release());
     addCameras();
     getBoundingObject();  // the ship's size can be asked for from now on
     srand(SDL_GetTicks());
@@ -75,24 +108,32 @@ void Starship::readPose(const XMLElement& node) {
     setUp(facing.up);
 }
 
-void Starship::readParts(const XMLElement& node) {
+std::unique_ptr<Shield> Starship::readParts(const XMLElement& node) {
     const PartStore& store = *PartStore::getInstance();
+    const auto nameOf = [&](const char* part) {
+        return ifPresent([&] { return node.getAttributeAsString(part); });
+    };
     setHull(store.getHull(node.getAttributeAsString("hull")));
     setEngine(store.getEngine(node.getAttributeAsString("engine")));
+    std::unique_ptr<Shield> new_shield;
+    if (const auto name = nameOf("radar")) setRadar(store.getRadar(*name));
+    if (const auto name = nameOf("shield")) new_shield.reset(store.getShield(*name));
+    if (const auto name = nameOf("cloak")) setCloak(store.getCloak(*name));
     setReactor(store.getReactor(node.getAttributeAsString("reactor")));
     setTank(store.getTank(node.getAttributeAsString("tank")));
+    return new_shield;
 }
 
 void Starship::readChildren(const XMLElement& node) {
     using Reader = void (Starship::*)(const XMLElement&);
     static const std::map<std::string, Reader> readers = {
         {"UserControl", &Starship::takeControl<PlayerControl>},
-        // Of the computer's pilots only the one at rest flies yet.
         {"AIStaticControl", &Starship::takeControl<AIStaticControl>},
-        {"AIControl", &Starship::takeControl<AIStaticControl>},
-        {"AICircleControl", &Starship::takeControl<AIStaticControl>},
+        {"AIControl", &Starship::takeAIControl},
+        {"AICircleControl", &Starship::takeCircleControl},
         {"WingConfig", &Starship::hangWing},
-        {"CannonConfig", &Starship::hangCannon},
+        {"CannonConfig", &Starship::hangSilentCannon},
+        {"TorpedoLauncherConfig", &Starship::hangSilentLauncher},
         {"TorpedoStockpile", &Starship::skip},
     };
 
@@ -111,23 +152,58 @@ void Starship::takeControl(const XMLElement&) {
     control = std::make_unique<Control>(this);
 }
 
+void Starship::takeAIControl(const XMLElement& node) {
+    control = std::make_unique<AIControl>(this, node);
+}
+
+void Starship::takeCircleControl(const XMLElement& node) {
+    const Point4 center = node.getAttributeAsPoint("center");
+    const float speed = node.getAttributeAsFloat("speed");
+    control = std::make_unique<AICircleControl>(this, center, speed);
+}
+
 void Starship::hangWing(const XMLElement& node) {
-    const PartStore& store = *PartStore::getInstance();
-    Wing* wing = wings.emplace_back(store.getWing(partType(node))).get();
+    using Reader = void (Starship::*)(Wing&, const XMLElement&);
+    static const std::map<std::string, Reader> readers = {
+        {"CannonConfig", &Starship::hangCannon},
+        {"TorpedoLauncherConfig", &Starship::hangLauncher},
+    };
+
+    Wing* wing = wings.emplace_back(PartStore::getInstance()->getWing(partType(node))).get();
     hull->addItem(wing);
     for (XMLElement child = node.getFirstChild(); !child.isNull(); child = child.getNext()) {
-        if (child.getName() != "CannonConfig") {
+        const auto reader = readers.find(child.getName());
+        if (reader == readers.end()) {
             throw Exception("Starship::Starship: invalid XML subobject for wing (" +
                             child.getName() + ")");
         }
-        addCannon(store.getCannon(partType(child)));
-        wing->addItem(cannons.back().get());
+        (this->*reader->second)(*wing, child);
     }
 }
 
-void Starship::hangCannon(const XMLElement& node) {
-    const PartStore& store = *PartStore::getInstance();
-    hull->addItem(hull_weapons.emplace_back(store.getCannon(partType(node))).get());
+void Starship::hangCannon(Wing& wing, const XMLElement& node) {
+    addCannon(PartStore::getInstance()->getCannon(partType(node)));
+    wing.addItem(cannons.back().get());
+}
+
+void Starship::hangLauncher(Wing& wing, const XMLElement& node) {
+    if (torpedo_launcher) {
+        logLine(std::cerr,
+                "WARNING (GAME): ", "Starship::Starship: torpedo launcher already exists");
+        return;
+    }
+    setTorpedoLauncher(PartStore::getInstance()->getTorpedoLauncher(partType(node)));
+    wing.addItem(torpedo_launcher.get());
+}
+
+void Starship::hangSilentCannon(const XMLElement& node) {
+    silent_weapons.emplace_back(PartStore::getInstance()->getCannon(partType(node)));
+    hull->addItem(silent_weapons.back().get());
+}
+
+void Starship::hangSilentLauncher(const XMLElement& node) {
+    silent_weapons.emplace_back(PartStore::getInstance()->getTorpedoLauncher(partType(node)));
+    hull->addItem(silent_weapons.back().get());
 }
 
 void Starship::addCameras() {
@@ -144,37 +220,54 @@ _Control* Starship::getControl() const {
 }
 
 double Starship::getTorpedoRange() const {
-    return unarmed_target_range;
+    return torpedo_launcher ? torpedo_launcher->getRange() : unarmed_target_range;
 }
 
 template <class Part>
-void Starship::install(std::unique_ptr<Part>& place, Part* part) {
-    if (!part || part == place.get()) return;
+void Starship::replace(std::unique_ptr<Part>& place, Part* part) {
+    if (part == place.get()) return;
     place.reset(part);
-    static_cast<_StarshipPart*>(part)->setParentShip(this);
+    if (part) static_cast<_StarshipPart*>(part)->setParentShip(this);
 }
 
 void Starship::setHull(Hull* h) {
     if (!h || h == hull.get()) return;
     cannons.clear();
-    hull_weapons.clear();
+    silent_weapons.clear();
+    torpedo_launcher.reset();
     wings.clear();
-    install(hull, h);
+    replace(hull, h);
     hull->transformBoundingObject(Point4(), Vector4(0, 0, 1, 1), Vector4(0, 1, 0, 1));
 }
 
 void Starship::setReactor(Reactor* r) {
-    install(reactor, r);
+    if (r) replace(reactor, r);
 }
 void Starship::setTank(Tank* t) {
-    install(tank, t);
+    if (t) replace(tank, t);
 }
 void Starship::setEngine(Engine* e) {
-    install(engine, e);
+    if (e) replace(engine, e);
+}
+void Starship::setShield(Shield* s) {
+    replace(shield, s);
+}
+void Starship::setCloak(Cloak* c) {
+    replace(cloak, c);
+}
+void Starship::setRadar(Radar* r) {
+    replace(radar, r);
+}
+
+void Starship::setTorpedoLauncher(TorpedoLauncher* t) {
+    if (t == torpedo_launcher.get()) return;
+    if (torpedo_launcher && torpedo_launcher->getParentObject())
+        silent_weapons.push_back(std::move(torpedo_launcher));
+    replace(torpedo_launcher, t);
 }
 
 void Starship::addCannon(Cannon* c) {
-    if (c) install(cannons.emplace_back(), c);
+    if (c) replace(cannons.emplace_back(), c);
 }
 
 void Starship::computeTotalBoundingBox() {
@@ -187,17 +280,26 @@ _BoundingObject* Starship::computeBoundingObject() const {
 
 void Starship::update(int time_diff) {
     move(time_diff);
-    const bool at_its_end = bursting;
-    hull->update(static_cast<unsigned int>(time_diff));
-    if (at_its_end) throw StarshipFadedEvent();
+    if (isBursting()) {
+        hull->update(static_cast<unsigned int>(time_diff));
+        if (!explosion->updateAnimation(time_diff)) throw StarshipFadedEvent();
+    } else {
+        live(time_diff);
+    }
+    dropLostTarget();
+}
 
+/// One frame of a ship that has not burst: its parts, its pilot, and the roll of a wreck.
+void Starship::live(int time_diff) {
+    hull->update(static_cast<unsigned int>(time_diff));
     runReactor(time_diff);
+    runShield(time_diff);
     control->update(time_diff);
+    if (vapor) leaveTrail();
     if (destroyed) {
         const float roll = static_cast<float>(time_diff) * wreck_roll_rate / 1000;
         setUp(getUp().rotate(getHeading(), roll));
     }
-    dropLostTarget();
 }
 
 /// A reactor without fuel charges nothing; everything else goes on.
@@ -206,6 +308,33 @@ void Starship::runReactor(int time_diff) {
         reactor->update(time_diff);
     } catch (const TankEmptyEvent&) {
     }
+}
+
+void Starship::runShield(int time_diff) {
+    if (!shield) return;
+    shield->update(time_diff);
+    flicker(time_diff);
+}
+
+void Starship::flicker(int time_diff) {
+    if (shield_display_duration <= 0) {
+        shield_display_flicker_1 = shield_display_flicker_0 = 0;
+        return;
+    }
+    shield_display_duration -= time_diff;
+    if (shield_display_flicker_1 > 0) {
+        shield_display_flicker_1 -= time_diff;
+        if (shield_display_flicker_1 < 0) shield_display_flicker_0 = phase(shortest_gap);
+    } else {
+        shield_display_flicker_0 -= time_diff;
+        if (shield_display_flicker_0 < 0) shield_display_flicker_1 = phase(shortest_flash);
+    }
+}
+
+void Starship::leaveTrail() const {
+    VaporTrail::getInstance()->registerEffect(ColorRGBA(0.8f, 0.8f, 0.8f, 0.6f),
+                                              getPosition() - getHeading() * trail_distance,
+                                              trail_life, trail_start_size, trail_end_size);
 }
 
 void Starship::dropLostTarget() {
@@ -218,18 +347,38 @@ void Starship::dropLostTarget() {
 
 void Starship::drawModel(DRWenum mode) const {
     if (!hide) hull->draw(mode);
+    if (isBursting())
+        drawObjectExplosion(*explosion, getPosition(),
+                            getBoundingObject().getRadius() * explosion_scale);
+    else if (shield && shield_display_flicker_1 > 0)
+        shield->draw(mode);
 }
 
 bool Starship::isPerhapsHit(const _BoundingObject& o, float& energy) {
-    if (bursting) return false;
-    if (!isHit(getBoundingObject(), o)) return false;
+    if (isBursting()) return false;
+
+    const float old_energy = energy;
+    if (!isMet(o, energy)) return false;
+    if (old_energy != 0 && energy == 0) return true;  // the shield has swallowed it
     return hull->isPerhapsHit(o, energy);
+}
+
+/// Whether a projectile reaches the ship at all, and what a shield leaves of its energy.
+bool Starship::isMet(const _BoundingObject& o, float& energy) {
+    if (!shield) return isHit(getBoundingObject(), o);
+    if (!shield->testHit(o, energy)) return false;
+
+    shield_display_duration = shield_display_time;
+    shield_display_flicker_1 = phase(first_flash);
+    shield_display_flicker_0 = 0;
+    return true;
 }
 
 void Starship::explode(bool h) {
     hide = h;
-    if (bursting) return;
-    bursting = true;
+    if (isBursting()) return;
+    explosion = std::make_unique<AnimatedSprite>(
+        GFX_Factory::getInstance()->getAnimatedSprite("starship_explosion"));
     showEnd();
 }
 

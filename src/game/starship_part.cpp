@@ -25,8 +25,8 @@ unsigned long _StarshipPart::readNumber(const XMLElement& node, const std::strin
     return static_cast<unsigned long>(value);
 }
 
-unsigned int _StarshipPart::readSmallNumber(const XMLElement& node, const std::string& attribute,
-                                            unsigned int least) {
-    constexpr unsigned long most = std::numeric_limits<int>::max();
-    return static_cast<unsigned int>(std::min(readNumber(node, attribute, least), most));
+int _StarshipPart::readInt(const XMLElement& node, const std::string& attribute,
+                           unsigned long least) {
+    constexpr unsigned long largest = std::numeric_limits<int>::max();
+    return static_cast<int>(std::min(readNumber(node, attribute, least), largest));
 }

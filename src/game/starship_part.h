@@ -56,9 +56,9 @@ protected:
     /// attribute, on a lower one.
     static unsigned long readNumber(const XMLElement& node, const std::string& attribute,
                                     unsigned long least = 0);
-    /// The same for a number that is kept in an int: one that is too large becomes the largest.
-    static unsigned int readSmallNumber(const XMLElement& node, const std::string& attribute,
-                                        unsigned int least = 0);
+    /// The same for a number that is kept as an int: one too large becomes the largest.
+    static int readInt(const XMLElement& node, const std::string& attribute,
+                       unsigned long least = 0);
 
     Starship* parent_ship = nullptr;
 

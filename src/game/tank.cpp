@@ -9,7 +9,7 @@ Tank::Tank(const XMLElement& node) : _StarshipPart(PRT_TANK) {
     checkElement(node, "Tank");
     readNameAndMass(node);
     setSize(readNumber(node, "size"));
-    capacity = readSmallNumber(node, "fuel", 1);
+    capacity = static_cast<unsigned int>(readInt(node, "fuel", 1));
     fuel = static_cast<float>(capacity);
 }
 

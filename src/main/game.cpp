@@ -1,6 +1,7 @@
 #include "main/game.h"
 
 #include "3d/font_factory.h"
+#include "3d/gfx_factory.h"
 #include "game/game_event.h"
 #include "game/level.h"
 #include "game/part_store.h"
@@ -36,6 +37,17 @@ constexpr std::array<Section, 7> sections = {{
     {"WorldSection", "Game::Game: no world section in "},
     {"Starship", "Game::Game: no user starship in "},
 }};
+
+struct SpriteSeries {
+    const char* name;
+    const char* files;
+    int frames;
+};
+
+constexpr SpriteSeries explosions[] = {
+    {"starship_explosion", "../data/tarvex_explosion/explosion*.png", 101},
+    {"torpedo_explosion", "../data/tarvex_explosion/torpedo_explosion_blue*.png", 101},
+};
 
 using SectionNodes = std::map<std::string, XMLElement>;
 
@@ -108,6 +120,9 @@ Game::Game(const std::string& filename) {
     logProgress("loading user starship...");
     user_ship_node = std::make_unique<XMLElement>(nodes.at("Starship"));
     player = std::make_unique<Starship>(*user_ship_node);
+    logProgress("loading visual fx...");
+    for (const auto& series : explosions)
+        GFX_Factory::getInstance()->addAnimatedSprite(series.name, series.files, series.frames);
 }
 
 Game::~Game() = default;

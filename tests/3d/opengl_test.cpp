@@ -7,6 +7,7 @@
 
 #include "3d/camera.h"
 #include "3d/font_factory.h"
+#include "3d/material.h"
 #include "main/exception.h"
 #include "tests/support/temp_dir.h"
 #include "tests/support/window.h"
@@ -59,6 +60,21 @@ TEST_F(Renderer, FrameBringsLightIntoPlace) {
     glGetLightfv(GL_LIGHT0, GL_POSITION, position);
     EXPECT_THAT(position, ElementsAre(0, 0, -10, 1));
     EXPECT_THAT(readPixel(400, 300), ElementsAre(0, 0, 0));
+}
+
+// The size at which something is drawn changes nothing about its light.
+TEST_F(Renderer, LightsEveryScaleAlike) {
+    Camera camera({0, 50, 20, 1}, {0, 1, 0, 1}, {0, 50, 0, 1});
+    gl.setCurrentCamera(&camera);
+    for (const float scale : {1.f, 0.2f, 5.f}) {
+        gl.startFrame(true);
+        Material().activate(false);
+        glTranslatef(0, 50, -40);
+        glScalef(scale, scale, scale);
+        glNormal3f(0, 0.9f, 0.435f);
+        glRectf(-1 / scale, -1 / scale, 1 / scale, 1 / scale);
+        EXPECT_NEAR(readPixel(400, 300)[0], 78, 2) << scale;
+    }
 }
 
 // An overlay stands on its own, whatever matrix mode and polygons the scene left behind, and gives

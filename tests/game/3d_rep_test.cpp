@@ -5,6 +5,7 @@
 #include "game/cannon.h"
 #include "game/engine.h"
 #include "game/hull.h"
+#include "game/simple_game_camera.h"
 #include "game/wing.h"
 #include "tests/support/failure.h"
 #include "tests/support/ship_yard.h"
@@ -60,7 +61,8 @@ TEST(Slots, PlaceTheirItems) {
     EXPECT_FLOAT_EQ(p.hull->getTotalBoundingBox().getVX(), 3);
 }
 
-// A part that has exploded is gone; what hangs on it is still there until it explodes as well.
+// A part that has exploded is gone; what hangs on it is still there until it explodes as well. The
+// explosions themselves are not drawn where no camera watches.
 TEST(Parts, AreDrawnAtTheirSlotsUntilTheyExplode) {
     Parts p;
     _3D_Rep& hull = *p.hull;
@@ -75,8 +77,74 @@ TEST(Parts, AreDrawnAtTheirSlotsUntilTheyExplode) {
     EXPECT_EQ(drawn(), std::pair(true, true));
     hull.explode();
     EXPECT_EQ(drawn(), std::pair(false, true));
-    hull.update(10);
+    hull.update(5000);
     EXPECT_EQ(drawn(), std::pair(false, false)) << "the explosion has reached the wing";
+}
+
+// The picture of an explosion faces the camera from every side, wherever the ship has turned, and
+// reaches out to four times the part's radius. From within there is none.
+TEST(Parts, ExplodeTowardsTheCamera) {
+    Parts p;
+    const Stage stage;
+    _3D_Rep& hull = *p.hull;
+    hull.transformBoundingObject(Point4(), Vector4(0, 0, 1, 1), Vector4(0, 1, 0, 1));
+    hull.explode();
+    const float edge = hull.getBoundingObject()->getRadius() * 4;
+    for (const auto& [eye, target, seen] : {std::tuple<Point4, Point4, bool>  //
+                                            {{30, 0, 0, 1}, {}, true},
+                                            {{20, 20, 5, 1}, {}, true},
+                                            {{0, -30, 0.001f, 1}, {}, true},
+                                            {{0, 0, 30, 1}, {0, edge - 0.2f, 0, 1}, true},
+                                            {{0, 0, 30, 1}, {0, edge + 0.2f, 0, 1}, false},
+                                            {{}, {0, 0, -1, 1}, false}}) {
+        SimpleGameCamera camera(eye, Vector4(0, 1, 0, 1), target);
+        OpenGLContext::getInstance()->setCurrentCamera(&camera);
+        OpenGLContext::getInstance()->startFrame(true);
+        glRotatef(77, 1, 2, 3);
+        hull.draw(DRAW_TEXTURE);
+        EXPECT_EQ(readPixel(400, 300)[0] == 255, seen) << eye << target;
+    }
+}
+
+/// A part without a body, which counts its explosions.
+struct Fuse : _3D_Rep {
+    explicit Fuse(const std::string& explosion = "starship_explosion") : _3D_Rep(SLOT_WING) {
+        setExplosionName(explosion);
+        addSlot(SLOT_WING, Point4(), Vector4(0, 0, 1, 1), Vector4(0, 1, 0, 1));
+    }
+    void resetStarshipControl() override { ++started; }
+    int started = 0;
+};
+
+// An explosion may spread with every update: early to what is mounted, from its middle on to the
+// parent, and at its end to both. Ends lie within a fifth of the 4040 milliseconds of the sprite.
+TEST(Parts, SpreadTheirExplosionsByChance) {
+    sprites::registerExplosions();
+    srand(1);
+    for (const auto& [time, more_updates, parents, items] : {std::tuple(960, 0, 0., 0.),
+                                                             {1600, 0, 0., 50.},
+                                                             {2600, 0, 50., 50.},
+                                                             {2600, 9, 401., 401.},
+                                                             {3220, 0, 50., 50.},
+                                                             {4040, 0, 525., 525.},
+                                                             {4848, 0, 1000., 1000.}}) {
+        int burning_parents = 0, burning_items = 0;
+        for (int i = 0; i < 1000; ++i) {
+            Fuse parent, part, item;
+            parent.addItem(&part);
+            part.addItem(&item);
+            for (int twice = 0; twice < 2; ++twice) part.explode();
+            parent.update(time);
+            for (int more = 0; more < more_updates; ++more) parent.update(0);
+            burning_parents += parent.started;
+            burning_items += item.started;
+            ASSERT_EQ(part.started, 1);
+        }
+        EXPECT_NEAR(burning_parents, parents, parents * 0.3) << time;
+        EXPECT_NEAR(burning_items, items, items * 0.3) << time;
+    }
+    EXPECT_EQ(failureOf([] { Fuse("splash").explode(); }),
+              "GFX_Factory::getAnimation: no such AnimatedSprite (splash)");
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ struct GalaxyTest : testing::Test {
     }
 
     ShipYard yard;
-    XMLElement empty = yard.element("<Galaxy space_bg_texture='' space_bg_size='1'/>");
+    XMLElement empty = yard.element(yard.galaxyElement());
     SteppedGalaxy galaxy{empty};
     std::unique_ptr<Starship> player = yard.ship("<UserControl/>");
 };
@@ -101,7 +101,7 @@ TEST_F(GalaxyTest, LoadsPlanetsAndShips) {
     const std::string planet = "<Planet id='1' name='' pos='P(0|0|0)' velocity='0'" + yard.body();
     const std::string children = "<X/>" + planet + "/>" + planet + "/>" + ShipYard::shipElement();
     SteppedGalaxy loaded(
-        yard.element("<Galaxy space_bg_texture='' space_bg_size='1'>" + children + "</Galaxy>"));
+        yard.element(yard.galaxyElement(children)));
     EXPECT_EQ((*loaded.getObjectById(0x2001))->getGalaxy(), &loaded);
     EXPECT_EQ((*loaded.getObjectById(0x5003))->getName(), "Ship");
     const XMLElement faulty = yard.element("<Galaxy>" + children + "</Galaxy>");

@@ -1,9 +1,9 @@
 #include "game/planet.h"
 
 #include "3d/bounding_sphere.h"
-#include "3d/font_factory.h"
 #include "3d/opengl.h"
 #include "tests/support/failure.h"
+#include "tests/support/landing.h"
 #include "tests/support/ship_yard.h"
 
 #include <gtest/gtest.h>
@@ -54,9 +54,7 @@ TEST_F(PlanetTest, CloudsDriftAndStepBack) {
 
 // The screen waits for a key, whatever else happens meanwhile.
 TEST_F(PlanetTest, LandingScreenEndsWithAKey) {
-    FontFactory::getInstance()->load(
-        yard.element("<Fonts><GlutFont name='helvetica_big' type='B_HELVETICA_18'/>"
-                     "<GlutFont name='helvetica_medium' type='B_HELVETICA_12'/></Fonts>"));
+    loadLandingFonts(yard);
     const auto rock = planet("");
     CameraManagement::getInstance()->changeCamera(CAM_PLANET, rock->getCameras(), CPOS_FRONT);
     for (const Uint8 type : {SDL_KEYUP, SDL_KEYDOWN}) {

@@ -6,19 +6,24 @@
 #include "game/game_event.h"
 #include "game/laser.h"
 #include "game/tank.h"
+#include "game/torpedo.h"
+#include "game/torpedo_launcher.h"
 #include "tests/support/geometry.h"
 #include "tests/support/joystick.h"
 #include "tests/support/ship_yard.h"
 
 namespace {
 
-/// Lets a frame pass; true when the ship fires.
+/// Lets a frame pass; true when a shot leaves the ship.
 bool fly(const Starship& ship, int time = 0) {
     if (const Joystick* joystick = SDLContext::getInstance()->getJoystick()) joystick->update();
     try {
         ship.getControl()->update(time);
     } catch (const LaserFiredEvent& event) {
         for (const Laser* laser : event.getLasers()) delete laser;
+        return true;
+    } catch (const TorpedoFiredEvent& event) {
+        delete event.getTorpedo();
         return true;
     }
     return false;
@@ -65,6 +70,16 @@ TEST_F(PlayersShip, ObeysThrottleAndTriggerUntilTheTankIsEmpty) {
     EXPECT_EQ(ship->getControl()->getThrottle(), 100);
     press(*ship, SDLK_BACKSPACE);
     EXPECT_FALSE(fly(*ship)) << "no launcher, no torpedo";
+    yard.load(
+        "<Torpedo name='shark' mass='1' power='1' size='1' speed='1' range='1' cloak_cat='0' "
+        "lose_dist='0'/>");
+    ship->setTorpedoLauncher(new TorpedoLauncher(yard.element(
+        "<TorpedoLauncher name='' power='1' type='shark' sound='' maxload='1' range='1'" +
+        yard.body() + "/>")));
+    for (bool launched : {true, false}) {
+        press(*ship, SDLK_BACKSPACE);
+        EXPECT_EQ(fly(*ship), launched) << "a launcher of one torpedo";
+    }
 
     ship->getTank()->drawFuel(1000);
     for (int i = 0; i < 2; ++i) {
@@ -79,17 +94,17 @@ TEST_F(PlayersShip, ObeysThrottleAndTriggerUntilTheTankIsEmpty) {
 
 TEST_F(PlayersShip, SelectsWhatIsAheadAndKeepsTheTargetWhenNothingIs) {
     const std::string rock = "<Planet id='7' name='Rock' pos='P(0|0|490)' velocity='0'";
-    Galaxy galaxy(
-        yard.element("<Galaxy space_bg_texture='' space_bg_size='1'>" + rock + yard.body() + "/>" +
-                     yard.shipElement("<UserControl/>") + "</Galaxy>"),
-        nullptr);
-    auto& hunter = dynamic_cast<Starship&>(**galaxy.getObjectById(GO_STARSHIP | 3));
+    struct Space : Galaxy {
+        using Galaxy::add, Galaxy::Galaxy;
+    } space(yard.element(yard.galaxyElement(rock + yard.body() + "/>")), nullptr);
+    Starship& flown = *ship;
+    space.add(std::move(ship));
     for (auto [x, z, presses, found] :
          {std::tuple{0.f, -100.f, 1, false}, {0, 0, 0, false}, {0, 0, 1, true}, {50, 0, 1, true}}) {
-        hunter.setPosition(place(x, 0, z));
-        press(hunter, SDLK_SPACE, presses);
-        fly(hunter);
-        EXPECT_EQ(hunter.getSelectedObject() && *hunter.getSelectedObject(), found) << x << z;
+        flown.setPosition(place(x, 0, z));
+        press(flown, SDLK_SPACE, presses);
+        fly(flown);
+        EXPECT_EQ(flown.getSelectedObject() && *flown.getSelectedObject(), found) << x << z;
     }
 }
 

@@ -8,14 +8,25 @@
 #include "game/game_event.h"
 #include "game/hull.h"
 #include "game/laser.h"
+#include "game/shield.h"
 #include "game/tank.h"
+#include "game/torpedo_launcher.h"
+#include "tests/support/capture.h"
 #include "tests/support/failure.h"
 #include "tests/support/ship_yard.h"
+#include "tests/support/view.h"
 
 namespace {
 
 const std::string wing = "<WingConfig type='wing'/>";
 const std::string armed_wing = "<WingConfig type='wing'><CannonConfig type='cannon'/></WingConfig>";
+
+/// What stands at (x, y, 0), seen from straight ahead.
+std::array<int, 3> seen(const _Drawable& drawable, float x, float y) {
+    return seenFrom(Point4(0, 0, 30, 1), Vector4(0, 1, 0, 1), Point4(x, y, 0, 1), drawable);
+}
+
+constexpr std::array black{0, 0, 0};
 
 /// A ship's element with one piece of its text replaced.
 std::string changed(const std::string& piece, const std::string& by) {
@@ -38,6 +49,8 @@ TEST(Starship, IsBuiltAsItsElementSays) {
     EXPECT_EQ(east.getHeading(), Vector4(1, 0, 0, 1)) << "none given: where it faces";
     const Starship sideways(yard.element(changed(" up=", " heading='V(0|3|0)' up=")));
     EXPECT_EQ(sideways.getHeading(), Vector4(0, 1, 0, 1));
+    const auto orbiter = yard.ship("<UserControl/><AICircleControl center='P(9|0|0)' speed='7'/>");
+    EXPECT_EQ(orbiter->getVelocity(), 7) << "the last pilot named";
 }
 
 TEST(Starship, RefusesFaultyElements) {
@@ -50,6 +63,12 @@ TEST(Starship, RefusesFaultyElements) {
           {"<Raft id='1'/>", "Starship::Starship: invalid game file (wrong node type)"},
           {changed(" up='V(0|1|0)'", ""), "no such attribute: up"},
           {changed("'tank'", "'x'"), "PartStore::getPart: no such part (x)"},
+          {changed("(0|1|0)", "(0|0|0)"), "Starship: attribute up: a direction without length"},
+          {changed(" hull=", " radar='wing' hull="), "PartStore::get: wing is not a radar"},
+          {changed(" hull=", " shield='wing' hull="), "PartStore::getShield: wing is not a shield"},
+          {changed(" hull=", " cloak='wing' hull="), "PartStore::getCloak: wing is not a cloak"},
+          {with("<TorpedoLauncherConfig type='wing'/>"),
+           "PartStore::getTorpedoLauncher: wing is not a torpedo launcher"},
           {changed("'hull'", "'wing'"), "PartStore::getHull: wing is not a hull"},
           {changed("'engine'", "'wing'"), "PartStore::getEngine: wing is not an engine"},
           {changed("'reactor'", "'wing'"), "PartStore::getReactor: wing is not a reactor"},
@@ -77,6 +96,68 @@ TEST(Starship, FiresTheCannonsOfItsWings) {
         const std::unique_ptr<Laser> laser(shot.getLasers().front());
         EXPECT_EQ(laser->getPosition(), Point4(4, 1, 29, 1));
     }
+}
+
+// Of the launchers, too, those on the hull are silent, and of the others the first one fires; its
+// reach is the ship's. One that is replaced hangs on.
+TEST(Starship, LaunchesFromTheFirstLauncherOfItsWings) {
+    ShipYard yard;
+    yard.load("<TorpedoLauncher name='l' power='0' type='' sound='' maxload='9' range='700'" +
+              yard.body() + "/>");
+    const std::string launcher = "<TorpedoLauncherConfig type='l'/>";
+    const Capture errors(std::cerr);
+    const auto ship =
+        yard.ship(launcher + "<WingConfig type='wing'>" + launcher + launcher + "</WingConfig>");
+    EXPECT_EQ(errors.text(),
+              "WARNING (GAME): Starship::Starship: torpedo launcher already exists\n");
+    EXPECT_EQ(ship->getTorpedoLauncher()->getPosition(), Point4(4, 1, 4, 1));
+    EXPECT_EQ(ship->getTorpedoRange(), 700);
+    ship->setTorpedoLauncher(nullptr);
+    EXPECT_NE(seen(*ship, 4, 1), black);
+}
+
+// A shield takes what it can, and all of a shot that is too weak for it. What is left goes on to
+// the parts, as does what had no energy to begin with. After a hit it flashes for half a second.
+TEST(Starship, IsShielded) {
+    ShipYard yard;
+    Starship ship(yard.element(changed("></", " shield='Simple Shield'>" + wing + wing + "</")));
+    const float radius = ship.getBoundingSphere().getRadius(), reach = radius * 1.1f;
+    for (const auto& [z, energy, hit, left, integrity] :
+         {std::tuple(reach + 0.6f, 10.f, false, 10.f, 100.f),
+          {reach + 0.4f, 4, true, 0, 100},
+          {reach + 0.4f, 9, false, 3, 100},
+          {0, 0, true, 0, 100},
+          {0, 30, true, 0, 70}}) {
+        float e = energy;
+        EXPECT_EQ(ship.isPerhapsHit(BoundingSphere(Point4(0, 0, z, 1), 0.5f), e), hit) << energy;
+        EXPECT_EQ(e, left) << energy;
+        EXPECT_EQ(ship.getHull()->getIntegrity(), integrity) << energy;
+    }
+
+    ship.getShield()->setUsedPower(1e6f);
+    ship.update(600);
+    float energy = 1;
+    ship.isPerhapsHit(BoundingSphere(Point4(), 1), energy);
+    int lit = 0;  // of 101 looks within half a second; dark at least twice, never for long
+    for (int i = 0; i < 140; ++i, ship.update(5)) lit += seen(ship, 0, radius * 0.75f) != black;
+    EXPECT_NEAR(lit, 82, 17);
+}
+
+// The big explosion is 15 times as wide as the ship's radius. It stands behind the front of the
+// hull, unless two ships have run into each other: then the hull is gone at once.
+TEST(Starship, BurstsInABigExplosion) {
+    ShipYard yard;
+    const auto ship = yard.ship();
+    const float edge = ship->getBoundingObject().getRadius() * 7.5f;
+    const std::array hull = seen(*ship, 0, 0), red{255, 1, 1};
+    ship->explode(false);
+    EXPECT_EQ(seen(*ship, 0, edge - 0.2f), red);
+    EXPECT_EQ(seen(*ship, 0, edge + 0.2f), black);
+    EXPECT_EQ(seen(*ship, 0, 0), hull);
+    ship->update(4040);
+    ship->explode(true);
+    EXPECT_EQ(seen(*ship, 0, 0), black) << "the series is over, and not started anew";
+    EXPECT_THROW(ship->update(1), StarshipFadedEvent);
 }
 
 // A shot meets the outermost part first, wherever the ship stands, and spends all its energy on it.
@@ -117,8 +198,11 @@ TEST(Starship, DiesOfABrokenPart) {
     ship->update(500);
     EXPECT_EQ(ship->getOrientation(), Vector4(0, 0, 1, 1)) << "nobody steers";
     EXPECT_NEAR(ship->getUp().x, 0.7071f, 1e-4f) << "90 degrees per second";
+    EXPECT_TRUE(ship->isPerhapsHit(shot, energy = 1)) << "doomed, not gone";
+    ship->update(5000);
     EXPECT_FALSE(ship->isPerhapsHit(shot, energy = 1)) << "bursting";
-    EXPECT_THROW(ship->update(20), StarshipFadedEvent);
+    ship->update(4040);
+    EXPECT_THROW(ship->update(1), StarshipFadedEvent);
 }
 
 // A dry tank takes the pilot away, and nothing else.
@@ -135,9 +219,7 @@ TEST(Starship, DriftsOnWithoutFuel) {
 TEST(Starship, LosesATargetOutOfRange) {
     ShipYard yard;
     const std::string ships = changed("></", "><UserControl/></") + changed("'3'", "'4'");
-    Galaxy galaxy(
-        yard.element("<Galaxy space_bg_texture='' space_bg_size='1'>" + ships + "</Galaxy>"),
-        nullptr);
+    Galaxy galaxy(yard.element(yard.galaxyElement(ships)), nullptr);
     auto& hunter = dynamic_cast<Starship&>(**galaxy.getObjectById(GO_STARSHIP | 3));
     const ObjectSlot prey = galaxy.getObjectById(GO_STARSHIP | 4);
     press(hunter, SDLK_SPACE);

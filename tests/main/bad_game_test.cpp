@@ -61,7 +61,8 @@ TEST(BadGame, EachFaultOfTheGameFileIsOneLine) {
         {"<IntroSection/>\n  <PartSection>", "<IntroSection/>\n  <PartSection><Anchor name='a'/>",
          "Partstore::load: unknown part (Anchor)"},
         {"<Slot type='Wing' trans_offset='P(-2|0|0)'/>", "", "_3D_Rep: invalid slot"},
-        {"type='Weapon'", "type='Pylon'", "Wing::Wing: unknown slot type (Pylon)"},
+        {"type='Weapon' trans_offset='P(0|0|2)'", "type='Pylon' trans_offset='P(0|0|2)'",
+         "Wing::Wing: unknown slot type (Pylon)"},
         {"reactor='reactor'", "reactor='fusor'", "PartStore::getPart: no such part (fusor)"},
         {"reactor='reactor'", "reactor='tank'", "PartStore::getReactor: tank is not a reactor"},
         {"<UserControl/>", "<Autopilot/>",
@@ -75,11 +76,19 @@ TEST(BadGame, EachFaultOfTheGameFileIsOneLine) {
         {"space_bg_size='4000'", "space_bg_size='wide'",
          "XMLElement::getAttributeAsLong: attribute space_bg_size: wide can't be converted to an "
          "integer number"},
+        {"../data/sky.png", "../data/fog.png", "SpaceBG::SpaceBG: could not create material"},
         {"rep3d='../data/box.ASE' pos", "rep3d='../data/ball.ASE' pos",
          "AseObject::AseObject: cannot open file for reading (../data/ball.ASE)"},
     };
     for (const auto& [piece, by, message] : cases)
         expectFailure(TinyGame().replace(piece, by), message, piece);
+}
+
+TEST(BadGame, AnExplosionLacksItsLastPicture) {
+    const std::string last = "../data/tarvex_explosion/explosion0100.png";
+    TinyGame game;
+    game.write("build/" + last, "");
+    expectFailure(game, "Image::Image: Error loading image " + last + '!', last);
 }
 
 TEST(BadGame, NoGameFileAtAll) {

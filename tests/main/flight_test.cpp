@@ -232,6 +232,7 @@ TEST(Flight, ShippedGameLogsItsStartAndAnswersTheGlobalKeys) {
                              " levels found\n",
                              "GAME: loading world...\n",
                              "GAME: loading user starship...\n",
+                             "GAME: loading visual fx...\n",
                              "MAIN: starting game...\n",
                              "GAME: loading and initializing level...\n",
                              "!! GAME(5): Level::LEvel: called\n",

@@ -9,7 +9,8 @@
 /// front and one at the back, which counts its updates and drawings, and does what a test wants
 /// done in an update.
 struct Probe : _MovingGameObject {
-    explicit Probe(int id, float x = 0, float z = 0) : _MovingGameObject(id, GO_STARSHIP) {
+    explicit Probe(int id, float x = 0, float z = 0, GAMEOBJenum type = GO_STARSHIP)
+        : _MovingGameObject(id, type) {
         setPosition(Point4(x, 0, z, 1));
         for (auto place : {CPOS_FRONT, CPOS_BACK}) addCamera(CAM_PLANET, place, Vector4());
     }

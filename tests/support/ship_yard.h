@@ -6,17 +6,20 @@
 
 #include "game/part_store.h"
 #include "game/starship.h"
+#include "tests/support/picture.h"
+#include "tests/support/sprites.h"
 #include "tests/support/temp_dir.h"
 #include "tests/support/window.h"
 #include "xml/xml_parser.h"
 
 /// Where tests build parts and ships from pieces of a game file. Its catalogue holds a hull with
-/// slots for two wings and an engine, a wing with a slot for a weapon, and one of each other part,
-/// all named after their kind. Every model is 2 units wide, and no part absorbs any damage.
+/// slots for two wings and an engine, a wing with a slot for a weapon, and one of each part that a
+/// ship cannot do without, all named after their kind. Every model is 2 units wide, and no part
+/// absorbs any damage. The shield of all ships of a galaxy holds 10 units and does not leak.
 class ShipYard {
 public:
     ShipYard() {
-        window();
+        sprites::registerExplosions();
         load("<Hull name='hull' size='7'" + body() + R"(><Cockpit/>
                   <Slot type='Wing' trans_offset='P(-4|0|0)'/>
                   <Slot type='Engine' trans_offset='P(0|0|-4)'/>
@@ -30,7 +33,9 @@ public:
              body() + R"(/>
               <Reactor name='reactor' mass='1' size='1' consumption='10' efficiency='1000'
                   bat_size='1000'/>
-              <Tank name='tank' mass='1' size='1' fuel='1000'/>)");
+              <Tank name='tank' mass='1' size='1' fuel='1000'/>
+              <Shield name='Simple Shield' mass='1' size='1' power='1' efficiency='1000'
+                  strength='20' loss='0'/>)");
     }
     ~ShipYard() { PartStore::getInstance()->clear(); }
     ShipYard(const ShipYard&) = delete;
@@ -58,6 +63,13 @@ public:
         return "<Starship id='3' name='Ship' pos='P(0|0|0)' orientation='V(0|0|1)' up='V(0|1|0)' "
                "hull='hull' engine='engine' reactor='reactor' tank='tank'>" +
                children + "</Starship>";
+    }
+
+    /// A galaxy with a small black sky and the given children.
+    std::string galaxyElement(const std::string& children = "") const {
+        return "<Galaxy space_bg_size='100' space_bg_texture='" +
+               dir.write("sky.ppm", picture::ppm(1, 1, std::string(3, '\0'))) + "'>" + children +
+               "</Galaxy>";
     }
 
     /// The attributes of a part with a body. Its model is a tetrahedron on corners of a cube.

@@ -1,5 +1,8 @@
 #include "tests/support/tiny_game.h"
 
+#include "tests/support/picture.h"
+#include "tests/support/sprites.h"
+
 #include <array>
 #include <sstream>
 #include <stdexcept>
@@ -32,6 +35,7 @@ constexpr const char* game_xml = R"xml(<?xml version='1.0' encoding='UTF-8'?>
     <Wing name='wing' mass='1' rep3d='../data/box.ASE' resistance='50'
         explosion_name='starship_explosion'>
       <Slot type='Weapon' trans_offset='P(0|0|2)'/>
+      <Slot type='Weapon' trans_offset='P(0|-1|2)'/>
     </Wing>
     <Cannon name='cannon' mass='1' power='10' rep3d='../data/box.ASE' resistance='50'
         explosion_name='starship_explosion' efficiency='500' sound='../data/laser.wav'/>
@@ -39,6 +43,15 @@ constexpr const char* game_xml = R"xml(<?xml version='1.0' encoding='UTF-8'?>
         efficiency='1000' v_max='100' a_max='50' file='../data/engine.wav'/>
     <Reactor name='reactor' mass='1' size='1' consumption='10' efficiency='1000' bat_size='1000'/>
     <Tank name='tank' mass='1' size='1' fuel='100000'/>
+    <Shield name='Simple Shield' mass='1' size='1' power='10' efficiency='1000' strength='100'
+        loss='10'/>
+    <Radar name='radar' mass='1' size='1' power='1' range='1000' cloak_cat='1'/>
+    <Cloak name='cloak' mass='1' size='1' power='1' cloak_cat='1'/>
+    <TorpedoLauncher name='launcher' mass='1' power='10' rep3d='../data/box.ASE' resistance='50'
+        explosion_name='starship_explosion' type='torpedo' sound='../data/torpedo.wav' maxload='4'
+        range='1000'/>
+    <Torpedo name='torpedo' mass='1' size='1' power='100' speed='200' range='1000' cloak_cat='1'
+        lose_dist='1000'/>
   </PartSection>
   <WorldSection>
     <Universe id='1'>
@@ -48,10 +61,12 @@ constexpr const char* game_xml = R"xml(<?xml version='1.0' encoding='UTF-8'?>
     </Universe>
   </WorldSection>
   <Starship id='1' name='Player' pos='P(0|0|0)' orientation='V(0|0|1)' up='V(0|1|0)' hull='hull'
-      engine='engine' reactor='reactor' tank='tank'>
+      engine='engine' reactor='reactor' tank='tank' radar='radar'>
     <UserControl/>
     <WingConfig type='wing'><CannonConfig type='cannon'/></WingConfig>
-    <WingConfig type='wing'><CannonConfig type='cannon'/></WingConfig>
+    <WingConfig type='wing'>
+      <CannonConfig type='cannon'/><TorpedoLauncherConfig type='launcher'/>
+    </WingConfig>
   </Starship>
 </TarvexGame>
 )xml";
@@ -91,6 +106,8 @@ std::string boxModel(float half_size) {
 TinyGame::TinyGame() : xml(game_xml) {
     write("data/game.xml", xml);
     write("data/box.ASE", boxModel());
+    write("data/sky.png", picture::ppm(1, 1, "\x05\x05\x0a"));
+    sprites::writeExplosions(*this);
     write("build/.keep", "");
 }
 

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <SDL.h>
+
+/// What waits in the queue of input events.
+namespace events {
+
+inline void push(Uint8 type, int count = 1) {
+    SDL_Event event{};
+    for (event.type = type; count > 0; --count) SDL_PushEvent(&event);
+}
+
+/// Empties the queue and tells how many events were left in it.
+inline int flush() {
+    int count = 0;
+    for (SDL_Event event; SDL_PollEvent(&event);) ++count;
+    return count;
+}
+
+}  // namespace events
