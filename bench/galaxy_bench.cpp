@@ -105,8 +105,7 @@ void objectByLine(benchmark::State& state) {
     const Fleet fleet(static_cast<int>(state.range(0)));
     const Point4 start(0, 0, 0, 1);
     const Point4 end(0, 0, 500, 1);
-    for (auto _ : state)
-        benchmark::DoNotOptimize((*fleet).getObjectByLine(nullptr, start, end));
+    for (auto _ : state) benchmark::DoNotOptimize((*fleet).getObjectByLine(nullptr, start, end));
 }
 BENCHMARK(objectByLine)->Arg(1000)->Unit(benchmark::kMicrosecond);
 

@@ -1,9 +1,9 @@
-#include <benchmark/benchmark.h>
-
 #include "3d/bounding_box.h"
 #include "3d/bounding_sphere.h"
 #include "3d/matrix.h"
 #include "3d/segment.h"
+
+#include <benchmark/benchmark.h>
 
 // The geometry that every frame runs over all pairs of objects and all visible models.
 

@@ -1,11 +1,11 @@
+#include "3d/ase_object.h"
+#include "tests/support/temp_dir.h"
+#include "tests/support/window.h"
+
 #include <benchmark/benchmark.h>
 
 #include <sstream>
 #include <string>
-
-#include "3d/ase_object.h"
-#include "tests/support/temp_dir.h"
-#include "tests/support/window.h"
 
 // What a level waits for: a large model, from its file to its display lists.
 

@@ -1,10 +1,10 @@
-#include <benchmark/benchmark.h>
-
-#include <iostream>
-
 #include "game/part_store.h"
 #include "game/wing.h"
 #include "tests/support/ship_yard.h"
+
+#include <benchmark/benchmark.h>
+
+#include <iostream>
 
 namespace {
 

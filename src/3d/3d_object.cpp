@@ -1,8 +1,5 @@
 #include "3d/3d_object.h"
 
-#include <algorithm>
-#include <iostream>
-
 #include "3d/3d_exception.h"
 #include "3d/bounding_box.h"
 #include "3d/bounding_sphere.h"
@@ -10,6 +7,9 @@
 #include "3d/opengl.h"
 #include "main/exception.h"
 #include "main/log_factory.h"
+
+#include <algorithm>
+#include <iostream>
 
 namespace {
 

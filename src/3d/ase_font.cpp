@@ -1,15 +1,15 @@
 #include "3d/ase_font.h"
 
-#include <GL/gl.h>
-
-#include <iostream>
-
 #include "3d/ase_object.h"
 #include "3d/bounding_box.h"
 #include "3d/color_rgb.h"
 #include "main/exception.h"
 #include "main/log_factory.h"
 #include "xml/xml_element.h"
+
+#include <GL/gl.h>
+
+#include <iostream>
 
 namespace {
 

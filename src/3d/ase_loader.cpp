@@ -1,12 +1,12 @@
 #include "3d/ase_loader.h"
 
+#include "main/exception.h"
+#include "main/log_factory.h"
+
 #include <algorithm>
 #include <iostream>
 #include <iterator>
 #include <string>
-
-#include "main/exception.h"
-#include "main/log_factory.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <array>
-#include <memory>
-
 #include "3d/ase_file.h"
 #include "3d/comp3d_object.h"
+
+#include <array>
+#include <memory>
 
 /// Three numbers behind an index, as vertices and normals stand in an ASE file. A number
 /// that a faulty line lacks keeps its value from the line before.

@@ -1,9 +1,9 @@
 #include "3d/ase_object.h"
 
-#include <iostream>
-
 #include "main/exception.h"
 #include "main/log_factory.h"
+
+#include <iostream>
 
 AseObject::AseObject(const std::string& filename, MTLenum mtl_mode, BOUNDINGenum bounding_mode,
                      bool /*calc_normals*/)

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "3d/ase_loader.h"
+
 #include <string>
 #include <vector>
-
-#include "3d/ase_loader.h"
 
 /// The model in one ASE file, the text export of 3D Studio Max: the first geometry object of the
 /// file with its materials. Complete, with all display lists, when the constructor returns.

@@ -1,12 +1,12 @@
 #include "3d/bitmap.h"
 
+#include "main/exception.h"
+#include "main/log_factory.h"
+
 #include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <vector>
-
-#include "main/exception.h"
-#include "main/log_factory.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "3d/color_rgba.h"
+
 #include <GL/gl.h>
 
 #include <memory>
 #include <ostream>
 #include <string>
-
-#include "3d/color_rgba.h"
 
 /// A one-bit mask from a ".bw" file, drawn at a raster position: a set bit draws a pixel, a clear
 /// bit leaves it alone. The cockpit uses masks as crosshair and as the outlines of its controls.

@@ -1,8 +1,8 @@
 #include "3d/bitmap_factory.h"
 
-#include <iostream>
-
 #include "main/log_factory.h"
+
+#include <iostream>
 
 BitmapFactory* BitmapFactory::instance = nullptr;
 

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "3d/bitmap.h"
+
 #include <map>
 #include <memory>
 #include <string>
-
-#include "3d/bitmap.h"
 
 /// Loads each mask file once and keeps it for the rest of the run. Made on first use.
 class BitmapFactory {

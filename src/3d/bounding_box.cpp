@@ -1,14 +1,14 @@
 #include "3d/bounding_box.h"
 
-#include <GL/gl.h>
-
-#include <algorithm>
-#include <cmath>
-
 #include "3d/bounding_sphere.h"
 #include "3d/matrix.h"
 #include "3d/segment.h"
 #include "main/exception.h"
+
+#include <GL/gl.h>
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <ostream>
-
 #include "3d/bounding_object.h"
 #include "3d/plane.h"
+
+#include <ostream>
 
 class Matrix4;
 

@@ -1,7 +1,5 @@
 #include "3d/bounding_sphere.h"
 
-#include <algorithm>
-
 #include "3d/bounding_box.h"
 #include "3d/glut.h"
 #include "3d/line.h"
@@ -9,6 +7,8 @@
 #include "3d/plane.h"
 #include "3d/segment.h"
 #include "main/exception.h"
+
+#include <algorithm>
 
 namespace {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <ostream>
-
 #include "3d/bounding_object.h"
+
+#include <ostream>
 
 class Matrix4;
 class Plane;

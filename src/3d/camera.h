@@ -1,9 +1,9 @@
 #pragma once
 
-#include <ostream>
-
 #include "3d/camera_interface.h"
 #include "3d/vector.h"
+
+#include <ostream>
 
 /// The plain free camera: it stands at a position, looks at a target and can orbit it. Menus and
 /// the scene behind them use it.

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <GL/gl.h>
-
 #include "3d/frustum.h"
 #include "3d/matrix.h"
 #include "3d/point.h"
+
+#include <GL/gl.h>
 
 /// A camera as the renderer knows it: a perspective projection, a view set up by the derived class,
 /// and the view frustum of its last activation. The OpenGL context observes the current one; a

@@ -1,8 +1,8 @@
 #include "3d/color_rgb.h"
 
-#include <GL/gl.h>
-
 #include "main/exception.h"
+
+#include <GL/gl.h>
 
 ColorRGB::ColorRGB(float r, float g, float b) : r(clamp(r)), g(clamp(g)), b(clamp(b)) {}
 

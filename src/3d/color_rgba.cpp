@@ -1,8 +1,8 @@
 #include "3d/color_rgba.h"
 
-#include <GL/gl.h>
-
 #include "main/exception.h"
+
+#include <GL/gl.h>
 
 namespace {
 

@@ -2,17 +2,17 @@
 
 #include "3d/comp3d_object.h"
 
-#include <GL/glext.h>
-
-#include <algorithm>
-#include <cmath>
-#include <iostream>
-
 #include "3d/color_rgba.h"
 #include "3d/list_compilation.h"
 #include "3d/opengl.h"
 #include "main/exception.h"
 #include "main/log_factory.h"
+
+#include <GL/glext.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iostream>
 
 namespace {
 

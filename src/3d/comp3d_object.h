@@ -1,8 +1,8 @@
 #pragma once
 
-#include <vector>
-
 #include "3d/3d_object.h"
+
+#include <vector>
 
 /// One polygon of a model. Corners are indices into the model's tables.
 struct face_t {

@@ -1,10 +1,10 @@
 #include "3d/font.h"
 
+#include "3d/color_rgb.h"
+
 #include <GL/gl.h>
 
 #include <memory>
-
-#include "3d/color_rgb.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "3d/font_factory.h"
 
-#include <iostream>
-
 #include "3d/ase_font.h"
 #include "3d/glut_font.h"
 #include "main/exception.h"
 #include "main/log_factory.h"
 #include "xml/xml_element.h"
+
+#include <iostream>
 
 namespace {
 

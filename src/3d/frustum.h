@@ -1,9 +1,9 @@
 #pragma once
 
-#include <ostream>
-
 #include "3d/plane.h"
 #include "3d/point.h"
+
+#include <ostream>
 
 class BoundingBox;
 class BoundingSphere;

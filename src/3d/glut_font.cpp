@@ -1,12 +1,12 @@
 #include "3d/glut_font.h"
 
-#include <algorithm>
-#include <iterator>
-#include <string_view>
-
 #include "3d/glut.h"
 #include "main/exception.h"
 #include "xml/xml_element.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
 
 namespace {
 

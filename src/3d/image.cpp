@@ -1,5 +1,8 @@
 #include "3d/image.h"
 
+#include "main/exception.h"
+#include "main/log_factory.h"
+
 #include <SDL_image.h>
 
 #include <algorithm>
@@ -11,9 +14,6 @@
 #include <memory>
 #include <new>
 #include <stdexcept>
-
-#include "main/exception.h"
-#include "main/log_factory.h"
 
 namespace {
 

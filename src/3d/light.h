@@ -1,12 +1,12 @@
 #pragma once
 
+#include "3d/color_rgb.h"
+#include "3d/point.h"
+
 #include <GL/gl.h>
 
 #include <memory>
 #include <ostream>
-
-#include "3d/color_rgb.h"
-#include "3d/point.h"
 
 /// A light, bound for life to one of OpenGL's light slots. Made and owned by the light factory;
 /// whoever asked for it activates it once per frame, after the camera. All that is set goes to

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "3d/color_rgb.h"
+#include "3d/light.h"
+#include "3d/point.h"
+#include "3d/vector.h"
+
 #include <GL/gl.h>
 
 #include <memory>
 #include <ostream>
 #include <vector>
-
-#include "3d/color_rgb.h"
-#include "3d/light.h"
-#include "3d/point.h"
-#include "3d/vector.h"
 
 /// OpenGL's fixed light slots and the light model that they share. Lives inside the OpenGL context
 /// and owns every light that it hands out.

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <optional>
-#include <ostream>
-
 #include "3d/point.h"
 #include "3d/vector.h"
+
+#include <optional>
+#include <ostream>
 
 class Plane;
 

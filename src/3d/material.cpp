@@ -1,8 +1,8 @@
 #include "3d/material.h"
 
-#include <GL/gl.h>
-
 #include "main/exception.h"
+
+#include <GL/gl.h>
 
 namespace {
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "3d/color_rgb.h"
+#include "3d/texture.h"
+
 #include <memory>
 #include <ostream>
 #include <string>
-
-#include "3d/color_rgb.h"
-#include "3d/texture.h"
 
 /// How a material combines its texture with its colours. Bit masks: bit 0 replaces the colours by
 /// white while the texture is on, bits 4 and 8 choose the texture environment.

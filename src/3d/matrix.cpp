@@ -1,5 +1,8 @@
 #include "3d/matrix.h"
 
+#include "3d/plane.h"
+#include "main/log_factory.h"
+
 #include <GL/gl.h>
 
 #include <algorithm>
@@ -7,9 +10,6 @@
 #include <iostream>
 #include <iterator>
 #include <utility>
-
-#include "3d/plane.h"
-#include "main/log_factory.h"
 
 Matrix4::Matrix4(MATRIXenum mode) {
     reset();

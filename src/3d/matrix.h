@@ -1,9 +1,9 @@
 #pragma once
 
-#include <ostream>
-
 #include "3d/point.h"
 #include "3d/vector.h"
+
+#include <ostream>
 
 class Plane;
 

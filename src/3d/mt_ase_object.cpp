@@ -1,12 +1,12 @@
 #include "3d/mt_ase_object.h"
 
+#include "main/exception.h"
+#include "main/log_factory.h"
+
 #include <algorithm>
 #include <iostream>
 #include <limits>
 #include <memory>
-
-#include "main/exception.h"
-#include "main/log_factory.h"
 
 namespace {
 

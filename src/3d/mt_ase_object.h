@@ -1,9 +1,9 @@
 #pragma once
 
+#include "3d/ase_loader.h"
+
 #include <array>
 #include <string>
-
-#include "3d/ase_loader.h"
 
 /// A model with two texture layers from two ASE files, which hold the same geometry with different
 /// materials and texture coordinates. A planet is one: the ground, and the clouds above it.

@@ -1,16 +1,16 @@
 #pragma once
 
-#include <GL/gl.h>
-
-#include <atomic>
-#include <ostream>
-#include <vector>
-
 #include "3d/accum_buffer.h"
 #include "3d/image.h"
 #include "3d/light_factory.h"
 #include "3d/stencil_buffer.h"
 #include "game/drawable.h"
+
+#include <GL/gl.h>
+
+#include <atomic>
+#include <ostream>
+#include <vector>
 
 class _CameraInterface;
 class _Light;

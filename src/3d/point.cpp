@@ -1,11 +1,11 @@
 #include "3d/point.h"
 
-#include <GL/gl.h>
-
 #include "3d/3d_exception.h"
 #include "3d/color_rgb.h"
 #include "3d/line.h"
 #include "3d/plane.h"
+
+#include <GL/gl.h>
 
 namespace {
 

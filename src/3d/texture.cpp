@@ -1,11 +1,11 @@
 #include "3d/texture.h"
 
+#include "3d/texture_factory.h"
+#include "main/log_factory.h"
+
 #include <algorithm>
 #include <iostream>
 #include <iterator>
-
-#include "3d/texture_factory.h"
-#include "main/log_factory.h"
 
 namespace {
 

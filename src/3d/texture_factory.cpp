@@ -1,11 +1,11 @@
 #include "3d/texture_factory.h"
 
+#include "3d/image.h"
+#include "main/log_factory.h"
+
 #include <GL/glu.h>
 
 #include <iostream>
-
-#include "3d/image.h"
-#include "main/log_factory.h"
 
 TextureFactory* TextureFactory::instance = nullptr;
 

@@ -1,10 +1,10 @@
 #include "3d/util3d.h"
 
-#include <cmath>
-#include <memory>
-
 #include "3d/point.h"
 #include "main/exception.h"
+
+#include <cmath>
+#include <memory>
 
 namespace util3d {
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <numbers>
-#include <ostream>
-
 #include "3d/vector.h"
 #include "3d/vector2.h"
+
+#include <numbers>
+#include <ostream>
 
 /// An undirected edge of a model: two vertices by index.
 struct edge {

@@ -1,12 +1,12 @@
 #include "3d/vector.h"
 
-#include <GL/gl.h>
-
-#include <array>
-
 #include "3d/3d_exception.h"
 #include "3d/color_rgb.h"
 #include "3d/util3d.h"
+
+#include <GL/gl.h>
+
+#include <array>
 
 namespace {
 

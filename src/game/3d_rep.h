@@ -1,15 +1,15 @@
 #pragma once
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "3d/matrix.h"
 #include "3d/point.h"
 #include "3d/vector.h"
 #include "game/drawable.h"
 #include "game/hitable.h"
 #include "main/exception.h"
+
+#include <memory>
+#include <string>
+#include <vector>
 
 class _3D_Rep;
 class _3DObject;

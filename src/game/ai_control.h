@@ -1,12 +1,12 @@
 #pragma once
 
-#include <list>
-#include <memory>
-#include <vector>
-
 #include "3d/point.h"
 #include "game/control.h"
 #include "game/object_slot.h"
+
+#include <list>
+#include <memory>
+#include <vector>
 
 class AttackModule;
 class DefenseModule;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "game/3d_rep.h"
 #include "game/starship_part.h"
+
+#include <string>
 
 class Laser;
 class XMLElement;

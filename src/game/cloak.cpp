@@ -9,8 +9,3 @@ Cloak::Cloak(const XMLElement& node) : _StarshipPart(PRT_CLOAK) {
     setPower(readNumber(node, "power"));
     cloak_cat = static_cast<unsigned int>(readInt(node, "cloak_cat"));
 }
-
-void Cloak::drawMonitor(float, float, float, float, const ColorRGBA&, const ColorRGBA&,
-                        const ColorRGBA&, DRWenum) const {}
-
-void Cloak::drawMiniMonitor(float, float, float, float) const {}

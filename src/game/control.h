@@ -1,9 +1,9 @@
 #pragma once
 
-#include <SDL.h>
-
 #include "3d/vector.h"
 #include "game/object_slot.h"
+
+#include <SDL.h>
 
 class Starship;
 

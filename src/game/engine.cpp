@@ -37,8 +37,3 @@ float Engine::getVelocity(float current, unsigned int throttle, int time_diff) {
 void Engine::draw(DRWenum mode) const {
     if (get3DObject()) get3DObject()->draw(mode);
 }
-
-void Engine::drawMonitor(float, float, float, float, const ColorRGBA&, const ColorRGBA&,
-                         const ColorRGBA&, DRWenum) const {}
-
-void Engine::drawMiniMonitor(float, float, float, float) const {}

@@ -1,17 +1,16 @@
 #pragma once
 
-#include <string>
-
-#include "game/2d_mini_rep.h"
-#include "game/2d_rep.h"
 #include "game/3d_rep.h"
+#include "game/blank_monitors.h"
 #include "game/starship_part.h"
+
+#include <string>
 
 class XMLElement;
 
 /// A ship's drive: brings the speed to the throttle's share of the top speed, at the same rate up
 /// and down, and burns fuel for as long as the throttle is open.
-class Engine : public _StarshipPart, public _3D_Rep, public _2D_Rep, public _2D_MiniRep {
+class Engine : public _StarshipPart, public _3D_Rep, public BlankMonitors {
 public:
     /// Reads an "Engine" element. Throws Exception on any other element.
     explicit Engine(const XMLElement& node);
@@ -32,9 +31,6 @@ public:
     float getCost() const { return cost; }
 
     void draw(DRWenum mode) const override;
-    void drawMonitor(float x, float y, float w, float h, const ColorRGBA& fg, const ColorRGBA& bg,
-                     const ColorRGBA& hl, DRWenum mode) const override;
-    void drawMiniMonitor(float x, float y, float w, float h) const override;
 
 private:
     std::string sound;

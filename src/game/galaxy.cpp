@@ -83,6 +83,14 @@ auto findKey(const Table& table, SDLKey key) {
     return entry != std::end(table) ? &*entry : nullptr;
 }
 
+/// Waits until a frame is as long as the pilots need it: they move their throttle in whole steps,
+/// one for every 20 ms, and in shorter frames it would stay where it is.
+void finishFrame(Uint32 start_ticks) {
+    constexpr Uint32 least_frame_time = 20;  // milliseconds
+    const Uint32 spent = SDL_GetTicks() - start_ticks;
+    if (spent < least_frame_time) SDL_Delay(least_frame_time - spent);
+}
+
 /// Changes the camera or one of its settings. False for a key that does neither.
 bool handleCameraKey(SDLKey key) {
     CameraManagement* cameras = CameraManagement::getInstance();
@@ -441,6 +449,7 @@ LVLenum Galaxy::run(Starship* ps) {
         if (detectCollisions())
             start_ticks = SDL_GetTicks();  // a landing takes no time of the game
         show();
+        finishFrame(start_ticks);
     }
 }
 

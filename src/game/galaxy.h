@@ -1,15 +1,15 @@
 #pragma once
 
+#include "game/level.h"
+#include "game/near_pairs.h"
+#include "game/object_grid.h"
+#include "game/object_slot.h"
+
 #include <SDL.h>
 
 #include <map>
 #include <memory>
 #include <optional>
-
-#include "game/level.h"
-#include "game/near_pairs.h"
-#include "game/object_grid.h"
-#include "game/object_slot.h"
 
 class _Control;
 class _GameObject;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <ostream>
-
 #include "game/game_camera_interface.h"
+
+#include <ostream>
 
 /// A camera that rides on a game object: it looks along the object's orientation from a place in
 /// the object's own frame, and can be turned away by two angles. It follows the object by

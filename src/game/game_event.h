@@ -1,10 +1,10 @@
 #pragma once
 
+#include "main/event.h"
+
 #include <list>
 #include <string>
 #include <utility>
-
-#include "main/event.h"
 
 class _Damageable;
 class Laser;

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <memory>
-#include <string>
-
 #include "3d/point.h"
 #include "3d/vector.h"
 #include "game/camera_management.h"
 #include "game/drawable.h"
 #include "game/object_slot.h"
+
+#include <memory>
+#include <string>
 
 class _BoundingObject;
 class _GameCameraInterface;

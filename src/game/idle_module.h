@@ -1,8 +1,8 @@
 #pragma once
 
-#include <list>
-
 #include "3d/point.h"
+
+#include <list>
 
 class AIControl;
 class XMLElement;

@@ -1,10 +1,10 @@
 #include "game/laser.h"
 
-#include <GL/gl.h>
-
 #include "3d/bounding_box.h"
 #include "3d/color_rgb.h"
 #include "game/game_event.h"
+
+#include <GL/gl.h>
 
 namespace {
 

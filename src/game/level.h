@@ -1,10 +1,10 @@
 #pragma once
 
-#include <map>
-#include <memory>
-
 #include "3d/point.h"
 #include "game/facing.h"
+
+#include <map>
+#include <memory>
 
 class Galaxy;
 class Starship;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <memory>
-
 #include "game/game_object.h"
+
+#include <memory>
 
 /// An object that flies: a ship or a shot. It moves along its heading, which need not be where it
 /// faces.

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "game/object_grid.h"
+
 #include <cstdint>
 #include <map>
 #include <vector>
-
-#include "game/object_grid.h"
 
 /// The broad phase of a galaxy's collision pass: the pairs of objects that may touch, in the order
 /// of a walk through all pairs, the lower id first. It leaves out only what cannot meet, and pairs

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "game/object_slot.h"
+
 #include <array>
 #include <vector>
-
-#include "game/object_slot.h"
 
 class Point4;
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "game/starship_part.h"
+#include "main/exception.h"
+
 #include <map>
 #include <memory>
 #include <string>
-
-#include "game/starship_part.h"
-#include "main/exception.h"
 
 class Cannon;
 class Cloak;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <memory>
-
 #include "game/rotating_game_object.h"
+
+#include <memory>
 
 class _3DObject;
 class XMLElement;

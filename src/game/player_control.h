@@ -1,8 +1,8 @@
 #pragma once
 
-#include <vector>
-
 #include "game/control.h"
+
+#include <vector>
 
 class Joystick;
 

@@ -53,8 +53,3 @@ bool Radar::isHidden(const _GameObject& object) const {
     const auto* ship = dynamic_cast<const Starship*>(&object);
     return ship && ship->getCloak() && ship->getCloak()->getCloakCat() > cloak_cat;
 }
-
-void Radar::drawMonitor(float, float, float, float, const ColorRGBA&, const ColorRGBA&,
-                        const ColorRGBA&, DRWenum) const {}
-
-void Radar::drawMiniMonitor(float, float, float, float) const {}

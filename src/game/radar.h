@@ -1,11 +1,10 @@
 #pragma once
 
-#include <list>
-
 #include "3d/point.h"
-#include "game/2d_mini_rep.h"
-#include "game/2d_rep.h"
+#include "game/blank_monitors.h"
 #include "game/starship_part.h"
+
+#include <list>
 
 class _GameObject;
 class XMLElement;
@@ -26,7 +25,7 @@ struct radar_obj_t {
 };
 
 /// A ship's sight beyond its windows: lists what is in range and not hidden by a cloak.
-class Radar : public _StarshipPart, public _2D_Rep, public _2D_MiniRep {
+class Radar : public _StarshipPart, public BlankMonitors {
 public:
     /// Reads a "Radar" element. Throws Exception on any other element.
     explicit Radar(const XMLElement& node);
@@ -39,10 +38,6 @@ public:
     /// What it sees of the ship's galaxy, by id. An object exactly abeam, or at the ship's own
     /// place, is in both halves.
     std::list<radar_obj_t> detectObjects(RADARenum mode) const;
-
-    void drawMonitor(float x, float y, float w, float h, const ColorRGBA& fg, const ColorRGBA& bg,
-                     const ColorRGBA& hl, DRWenum mode) const override;
-    void drawMiniMonitor(float x, float y, float w, float h) const override;
 
 private:
     bool isHidden(const _GameObject& object) const;

@@ -44,8 +44,3 @@ float Reactor::drawPower(float amount, float min) {
     if (min > battery) return 0;
     return drawPower(amount);
 }
-
-void Reactor::drawMonitor(float, float, float, float, const ColorRGBA&, const ColorRGBA&,
-                          const ColorRGBA&, DRWenum) const {}
-
-void Reactor::drawMiniMonitor(float, float, float, float) const {}

@@ -1,14 +1,13 @@
 #pragma once
 
-#include "game/2d_mini_rep.h"
-#include "game/2d_rep.h"
+#include "game/blank_monitors.h"
 #include "game/starship_part.h"
 
 class XMLElement;
 
 /// A ship's power plant: turns fuel into charge of the battery that it contains. Shield and weapons
 /// live on the battery. A ship starts with a tenth of its charge.
-class Reactor : public _StarshipPart, public _2D_Rep, public _2D_MiniRep {
+class Reactor : public _StarshipPart, public BlankMonitors {
 public:
     /// Reads a "Reactor" element. Throws Exception on any other element.
     explicit Reactor(const XMLElement& node);
@@ -28,10 +27,6 @@ public:
     unsigned long getEfficiency() const { return efficiency; }
     unsigned long getBatSize() const { return bat_size; }
     float getBatCharge() const { return battery; }
-
-    void drawMonitor(float x, float y, float w, float h, const ColorRGBA& fg, const ColorRGBA& bg,
-                     const ColorRGBA& hl, DRWenum mode) const override;
-    void drawMiniMonitor(float x, float y, float w, float h) const override;
 
 private:
     unsigned long consumption = 0;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <memory>
-
 #include "game/game_object.h"
+
+#include <memory>
 
 /// An object that stays in its place and turns about the world's y axis.
 class _RotatingGameObject : public _GameObject {

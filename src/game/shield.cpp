@@ -89,8 +89,3 @@ void Shield::draw(DRWenum) const {
     glDepthMask(GL_TRUE);
     gl->deactivateBlending();
 }
-
-void Shield::drawMonitor(float, float, float, float, const ColorRGBA&, const ColorRGBA&,
-                         const ColorRGBA&, DRWenum) const {}
-
-void Shield::drawMiniMonitor(float, float, float, float) const {}

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "game/2d_mini_rep.h"
-#include "game/2d_rep.h"
 #include "game/3d_rep.h"
+#include "game/blank_monitors.h"
 #include "game/starship_part.h"
 
 class XMLElement;
@@ -10,7 +9,7 @@ class XMLElement;
 /// A store of energy in a sphere around the ship: takes the energy of what hits the ship, one for
 /// one, leaks all the time, and recharges from the battery. A new shield is half full. Not mounted
 /// in a slot: the ship holds it.
-class Shield : public _StarshipPart, public _2D_Rep, public _2D_MiniRep, public _3D_Rep {
+class Shield : public _StarshipPart, public BlankMonitors, public _3D_Rep {
 public:
     /// Reads a "Shield" element. Throws Exception on any other element.
     explicit Shield(const XMLElement& node);
@@ -36,9 +35,6 @@ public:
     /// A glow around the ship, the fainter the weaker the shield; nothing at a tenth of its
     /// strength and below.
     void draw(DRWenum mode) const override;
-    void drawMonitor(float x, float y, float w, float h, const ColorRGBA& fg, const ColorRGBA& bg,
-                     const ColorRGBA& hl, DRWenum mode) const override;
-    void drawMiniMonitor(float x, float y, float w, float h) const override;
 
 protected:
     void setEfficiency(unsigned int e) { efficiency = e; }

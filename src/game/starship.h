@@ -1,13 +1,13 @@
 #pragma once
 
-#include <list>
-#include <memory>
-#include <string>
-
 #include "3d/bounding_box.h"
 #include "game/game_object.h"
 #include "game/hitable.h"
 #include "game/moving_game_object.h"
+
+#include <list>
+#include <memory>
+#include <string>
 
 class _3D_Rep;
 class _Control;

@@ -22,8 +22,3 @@ float Tank::drawFuel(float f) {
     }
     return std::exchange(fuel, 0.0f);
 }
-
-void Tank::drawMonitor(float, float, float, float, const ColorRGBA&, const ColorRGBA&,
-                       const ColorRGBA&, DRWenum) const {}
-
-void Tank::drawMiniMonitor(float, float, float, float) const {}

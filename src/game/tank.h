@@ -1,14 +1,13 @@
 #pragma once
 
-#include "game/2d_mini_rep.h"
-#include "game/2d_rep.h"
+#include "game/blank_monitors.h"
 #include "game/starship_part.h"
 
 class XMLElement;
 
 /// A ship's fuel store. The reactor and the engine draw from it, in that order.
 /// The last drop is always delivered; only the draw after it finds the tank empty.
-class Tank : public _StarshipPart, public _2D_Rep, public _2D_MiniRep {
+class Tank : public _StarshipPart, public BlankMonitors {
 public:
     /// Reads a "Tank" element. Throws Exception on any other element.
     explicit Tank(const XMLElement& node);
@@ -19,10 +18,6 @@ public:
 
     float getFuel() const { return fuel; }
     float getCapacity() const { return static_cast<float>(capacity); }
-
-    void drawMonitor(float x, float y, float w, float h, const ColorRGBA& fg, const ColorRGBA& bg,
-                     const ColorRGBA& hl, DRWenum mode) const override;
-    void drawMiniMonitor(float x, float y, float w, float h) const override;
 
 private:
     unsigned int capacity;

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <memory>
-
 #include "game/moving_game_object.h"
 #include "game/object_slot.h"
 #include "game/starship_part.h"
+
+#include <memory>
 
 class AnimatedSprite;
 class XMLElement;

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "xml/xml_element.h"
+
 #include <map>
 #include <memory>
-
-#include "xml/xml_element.h"
 
 class Galaxy;
 class Game;

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "main/joystick.h"
+
 #include <SDL.h>
 
 #include <memory>
-
-#include "main/joystick.h"
 
 /// The game's window with its OpenGL surface, the event queue, the joystick and the timer of the
 /// frame counter. The one owner of everything that SDL opens; created first, kept until the process

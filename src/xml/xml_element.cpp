@@ -5,10 +5,9 @@
 #include "3d/vector.h"
 #include "xml/xml_text.h"
 
+#include <locale.h>
 #include <xercesc/dom/DOM.hpp>
 #include <xercesc/util/TransService.hpp>
-
-#include <locale.h>
 
 #include <algorithm>
 #include <array>

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "xml/xml_exception.h"
+
 #include <xercesc/util/XercesDefs.hpp>
 
 #include <optional>
 #include <string>
-
-#include "xml/xml_exception.h"
 
 XERCES_CPP_NAMESPACE_BEGIN
 class DOMNode;

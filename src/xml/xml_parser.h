@@ -1,12 +1,12 @@
 #pragma once
 
+#include "xml/xml_element.h"
+
 #include <xercesc/util/XercesDefs.hpp>
 
 #include <memory>
 #include <ostream>
 #include <string>
-
-#include "xml/xml_element.h"
 
 XERCES_CPP_NAMESPACE_BEGIN
 class DOMNode;

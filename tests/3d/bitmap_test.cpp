@@ -1,12 +1,12 @@
 #include "3d/bitmap.h"
 
-#include <gtest/gtest.h>
-
 #include "3d/bitmap_factory.h"
 #include "3d/opengl.h"
 #include "tests/support/failure.h"
 #include "tests/support/temp_dir.h"
 #include "tests/support/window.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,13 +1,13 @@
 #include "3d/bounding_object.h"
 
-#include <sstream>
-
 #include "3d/bounding_box.h"
 #include "3d/bounding_sphere.h"
 #include "3d/matrix.h"
 #include "3d/segment.h"
 #include "tests/support/failure.h"
 #include "tests/support/geometry.h"
+
+#include <sstream>
 
 namespace {
 

@@ -1,10 +1,10 @@
 #include "3d/camera.h"
 
-#include <gtest/gtest.h>
-
 #include "3d/bounding_box.h"
 #include "3d/bounding_sphere.h"
 #include "tests/support/window.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

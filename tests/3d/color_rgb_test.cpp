@@ -1,12 +1,12 @@
 #include "3d/color_rgb.h"
 
+#include "3d/color_rgba.h"
+#include "tests/support/failure.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <sstream>
-
-#include "3d/color_rgba.h"
-#include "tests/support/failure.h"
 
 TEST(Color, ClampsWhatItIsGivenButNotWhatItComputes) {
     const float rough[] = {2, -1, NAN, 7};

@@ -1,9 +1,9 @@
-#include <gtest/gtest.h>
-
 #include "3d/gfx_factory.h"
 #include "3d/space_bg.h"
 #include "game/simple_game_camera.h"
 #include "tests/support/models.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

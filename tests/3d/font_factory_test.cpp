@@ -1,13 +1,13 @@
 #include "3d/font_factory.h"
 
-#include <memory>
-
 #include "3d/ase_font.h"
 #include "3d/color_rgb.h"
 #include "3d/glut_font.h"
 #include "tests/support/models.h"
 #include "xml/xml_element.h"
 #include "xml/xml_parser.h"
+
+#include <memory>
 
 using testing::ElementsAre;
 

@@ -1,15 +1,15 @@
 #include "3d/image.h"
 
+#include "tests/support/capture.h"
+#include "tests/support/failure.h"
+#include "tests/support/picture.h"
+#include "tests/support/temp_dir.h"
+
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <iostream>
 #include <tuple>
-
-#include "tests/support/capture.h"
-#include "tests/support/failure.h"
-#include "tests/support/picture.h"
-#include "tests/support/temp_dir.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
 #include "3d/light_factory.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <vector>
-
 #include "3d/color_rgba.h"
 #include "3d/opengl.h"
 #include "main/exception.h"
 #include "tests/support/window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <vector>
 
 using testing::ElementsAre;
 

@@ -1,13 +1,13 @@
 #include "3d/material.h"
 
-#include <gtest/gtest.h>
-
-#include <tuple>
-
 #include "tests/support/failure.h"
 #include "tests/support/picture.h"
 #include "tests/support/temp_dir.h"
 #include "tests/support/window.h"
+
+#include <gtest/gtest.h>
+
+#include <tuple>
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "3d/matrix.h"
 
-#include <algorithm>
-#include <iostream>
-
 #include "3d/plane.h"
 #include "tests/support/capture.h"
 #include "tests/support/geometry.h"
 #include "tests/support/window.h"
+
+#include <algorithm>
+#include <iostream>
 
 namespace {
 

@@ -1,10 +1,5 @@
 #include "3d/opengl.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <memory>
-
 #include "3d/camera.h"
 #include "3d/font_factory.h"
 #include "3d/material.h"
@@ -13,6 +8,11 @@
 #include "tests/support/window.h"
 #include "xml/xml_element.h"
 #include "xml/xml_parser.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
 
 using testing::ElementsAre;
 

@@ -1,15 +1,15 @@
 #include "3d/texture.h"
 
-#include <gtest/gtest.h>
-
-#include <iostream>
-
 #include "3d/texture_factory.h"
 #include "tests/support/capture.h"
 #include "tests/support/failure.h"
 #include "tests/support/picture.h"
 #include "tests/support/temp_dir.h"
 #include "tests/support/window.h"
+
+#include <gtest/gtest.h>
+
+#include <iostream>
 
 namespace {
 

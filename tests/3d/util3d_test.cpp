@@ -1,8 +1,8 @@
 #include "3d/util3d.h"
 
-#include <memory>
-
 #include "tests/support/geometry.h"
+
+#include <memory>
 
 // A scale in `w` counts in the product but not in the length: it stands in for rounding.
 TEST(Util3d, ForgivesALittleRoundingOfParallels) {

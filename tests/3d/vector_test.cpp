@@ -1,12 +1,12 @@
 #include "3d/vector.h"
 
-#include <limits>
-
 #include "3d/3d_exception.h"
 #include "3d/line.h"
 #include "3d/plane.h"
 #include "tests/support/failure.h"
 #include "tests/support/geometry.h"
+
+#include <limits>
 
 namespace {
 

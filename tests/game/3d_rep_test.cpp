@@ -1,7 +1,5 @@
 #include "game/3d_rep.h"
 
-#include <gtest/gtest.h>
-
 #include "game/cannon.h"
 #include "game/engine.h"
 #include "game/hull.h"
@@ -10,6 +8,8 @@
 #include "tests/support/failure.h"
 #include "tests/support/ship_yard.h"
 #include "tests/support/stage.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "game/ai_control.h"
 
+#include "tests/support/pilots.h"
+
 #include <bit>
 #include <random>
-
-#include "tests/support/pilots.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #include "game/camera_management.h"
 
-#include <gtest/gtest.h>
-
 #include "game/chase_camera.h"
 #include "game/game_camera.h"
 #include "tests/support/geometry.h"
 #include "tests/support/probe.h"
 #include "tests/support/window.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

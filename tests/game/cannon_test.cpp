@@ -1,8 +1,6 @@
 // The whole economy of a ship: fuel to charge and thrust, charge to shots.
 #include "game/cannon.h"
 
-#include <gtest/gtest.h>
-
 #include "game/engine.h"
 #include "game/game_event.h"
 #include "game/hull.h"
@@ -11,6 +9,8 @@
 #include "game/tank.h"
 #include "tests/support/geometry.h"
 #include "tests/support/ship_yard.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

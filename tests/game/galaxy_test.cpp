@@ -100,8 +100,7 @@ TEST_F(GalaxyTest, LineFindsTheNearestObject) {
 TEST_F(GalaxyTest, LoadsPlanetsAndShips) {
     const std::string planet = "<Planet id='1' name='' pos='P(0|0|0)' velocity='0'" + yard.body();
     const std::string children = "<X/>" + planet + "/>" + planet + "/>" + ShipYard::shipElement();
-    SteppedGalaxy loaded(
-        yard.element(yard.galaxyElement(children)));
+    SteppedGalaxy loaded(yard.element(yard.galaxyElement(children)));
     EXPECT_EQ((*loaded.getObjectById(0x2001))->getGalaxy(), &loaded);
     EXPECT_EQ((*loaded.getObjectById(0x5003))->getName(), "Ship");
     const XMLElement faulty = yard.element("<Galaxy>" + children + "</Galaxy>");

@@ -1,12 +1,5 @@
 #include "game/near_pairs.h"
 
-#include <gtest/gtest.h>
-
-#include <bit>
-#include <cmath>
-#include <cstdint>
-#include <random>
-
 #include "3d/bounding_sphere.h"
 #include "game/game_event.h"
 #include "game/hull.h"
@@ -20,6 +13,13 @@
 #include "tests/support/probe.h"
 #include "tests/support/ship_yard.h"
 #include "tests/support/tiny_game.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <random>
 
 namespace {
 

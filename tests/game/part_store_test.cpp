@@ -1,11 +1,11 @@
 #include "game/part_store.h"
 
-#include <gtest/gtest.h>
-
 #include "game/tank.h"
 #include "game/wing.h"
 #include "tests/support/failure.h"
 #include "tests/support/ship_yard.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

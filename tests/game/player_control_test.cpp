@@ -1,7 +1,5 @@
 #include "game/player_control.h"
 
-#include <gtest/gtest.h>
-
 #include "game/galaxy.h"
 #include "game/game_event.h"
 #include "game/laser.h"
@@ -11,6 +9,8 @@
 #include "tests/support/geometry.h"
 #include "tests/support/joystick.h"
 #include "tests/support/ship_yard.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,10 +1,10 @@
 #include "game/shield.h"
 
-#include <gtest/gtest.h>
-
 #include "game/reactor.h"
 #include "tests/support/ship_yard.h"
 #include "tests/support/view.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,7 +1,5 @@
 #include "game/starship.h"
 
-#include <gtest/gtest.h>
-
 #include "3d/bounding_sphere.h"
 #include "game/control.h"
 #include "game/galaxy.h"
@@ -15,6 +13,8 @@
 #include "tests/support/failure.h"
 #include "tests/support/ship_yard.h"
 #include "tests/support/view.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 
@@ -63,7 +63,7 @@ TEST(Starship, RefusesFaultyElements) {
           {"<Raft id='1'/>", "Starship::Starship: invalid game file (wrong node type)"},
           {changed(" up='V(0|1|0)'", ""), "no such attribute: up"},
           {changed("'tank'", "'x'"), "PartStore::getPart: no such part (x)"},
-          {changed("(0|1|0)", "(0|0|0)"), "Starship: attribute up: a direction without length"},
+          {changed("(0|1|0)", "(0|0|0)"), "Starship: attribute up: V(0|0|0) has no direction"},
           {changed(" hull=", " radar='wing' hull="), "PartStore::get: wing is not a radar"},
           {changed(" hull=", " shield='wing' hull="), "PartStore::getShield: wing is not a shield"},
           {changed(" hull=", " cloak='wing' hull="), "PartStore::getCloak: wing is not a cloak"},

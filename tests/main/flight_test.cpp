@@ -1,19 +1,6 @@
 // The game as a person meets it: the real program or the real driver, a window, and keys that come
 // through the display server.
 
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <chrono>
-#include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <functional>
-#include <iterator>
-#include <thread>
-
 #include "3d/font_factory.h"
 #include "game/camera_management.h"
 #include "game/engine.h"
@@ -25,6 +12,7 @@
 #include "game/starship.h"
 #include "game/tank.h"
 #include "tests/support/capture.h"
+#include "tests/support/files.h"
 #include "tests/support/game_run.h"
 #include "tests/support/screen.h"
 #include "tests/support/shipped_game.h"
@@ -32,6 +20,17 @@
 #include "tests/support/window.h"
 #include "xml/xml_element.h"
 #include "xml/xml_parser.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <filesystem>
+#include <functional>
+#include <thread>
 
 namespace {
 
@@ -167,11 +166,6 @@ TEST(Flight, KeysFlyTheShipAndChooseTheCamera) {
 namespace {
 
 constexpr size_t screenshot_size = 18 + 800 * 600 * 3;
-
-std::string readFile(const std::string& name) {
-    std::ifstream in(name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 /// Waits until the file is there in full.
 std::string readScreenshot(const std::string& directory) {

@@ -1,10 +1,10 @@
 #include "main/joystick.h"
 
+#include "tests/support/joystick.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
-
-#include "tests/support/joystick.h"
 
 // Axes and buttons show the moment of the last update, and what a device lacks is at rest,
 // as is all of one that did not open.

@@ -1,20 +1,11 @@
 #include "main/log_factory.h"
 
+#include "tests/support/files.h"
 #include "tests/support/temp_dir.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <iterator>
-
-namespace {
-
-std::string contentOf(const std::string& file) {
-    std::ifstream in(file);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
-}  // namespace
 
 // A named log begins anew with each run, and only with each run.
 TEST(LogFactory, NamedLogIsTruncatedOnceAndWrittenAtOnce) {
@@ -22,9 +13,9 @@ TEST(LogFactory, NamedLogIsTruncatedOnceAndWrittenAtOnce) {
     const std::string file = dir.write("flight.log", "from an earlier run\n");
     LogFactory* logs = LogFactory::getInstance();
     logs->log(file, "take-off");
-    EXPECT_EQ(contentOf(file), "take-off\n");
+    EXPECT_EQ(readFile(file), "take-off\n");
     logs->log(file, "landing");
-    EXPECT_EQ(contentOf(file), "take-off\nlanding\n");
+    EXPECT_EQ(readFile(file), "take-off\nlanding\n");
     EXPECT_EQ(&logs->getStream(file), &logs->getStream(file));
 
     const std::string nowhere = dir / "no/such/folder.log";

@@ -1,17 +1,17 @@
 #include "main/sdl_context.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <array>
-#include <iostream>
-
 #include "3d/camera.h"
 #include "3d/opengl.h"
 #include "main/exception.h"
 #include "tests/support/capture.h"
 #include "tests/support/joystick.h"
 #include "tests/support/window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <iostream>
 
 namespace {
 

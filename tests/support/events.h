@@ -10,10 +10,10 @@ inline void push(Uint8 type, int count = 1) {
     for (event.type = type; count > 0; --count) SDL_PushEvent(&event);
 }
 
-/// Empties the queue and tells how many events were left in it.
+/// Empties the queue and tells how many key presses were left in it.
 inline int flush() {
     int count = 0;
-    for (SDL_Event event; SDL_PollEvent(&event);) ++count;
+    for (SDL_Event event; SDL_PollEvent(&event);) count += event.type == SDL_KEYDOWN;
     return count;
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "main/exception.h"
+
+#include <string>
 
 /// The message of the Exception that `action` throws; "nothing thrown" when it goes well.
 template <typename Action>

@@ -6,8 +6,6 @@
 
 #include <array>
 #include <cstdio>
-#include <fstream>
-#include <iterator>
 #include <thread>
 
 namespace {
@@ -66,11 +64,6 @@ bool GameRun::waitForOutput(const std::string& text, std::chrono::seconds allowe
     const auto found = [&] { return out().find(text) != std::string::npos; };
     waitUntil(allowed, [&] { return found() || !isRunning(); });
     return found();
-}
-
-std::string GameRun::read(const std::string& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 std::string runCommand(const std::string& command) {

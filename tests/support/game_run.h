@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/files.h"
+
 #include <sys/types.h>
 
 #include <chrono>
@@ -23,12 +25,10 @@ public:
                        std::chrono::seconds allowed = std::chrono::seconds(60));
     bool isRunning();
 
-    std::string out() const { return read(out_file); }
-    std::string err() const { return read(err_file); }
+    std::string out() const { return readFile(out_file); }
+    std::string err() const { return readFile(err_file); }
 
 private:
-    static std::string read(const std::string& file);
-
     std::string out_file, err_file;
     pid_t pid;
     bool ended = false;

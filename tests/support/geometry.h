@@ -1,11 +1,11 @@
 #pragma once
 
+#include "3d/point.h"
+#include "3d/vector.h"
+
 #include <gmock/gmock.h>
 
 #include <cmath>
-
-#include "3d/point.h"
-#include "3d/vector.h"
 
 /// Compares the four coordinates of a vector or point and forgives rounding.
 MATCHER_P4(IsNear, x, y, z, w, "") {

@@ -1,11 +1,5 @@
 #pragma once
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <iostream>
-#include <string>
-
 #include "3d/ase_object.h"
 #include "3d/mt_ase_object.h"
 #include "tests/support/capture.h"
@@ -14,6 +8,12 @@
 #include "tests/support/picture.h"
 #include "tests/support/stage.h"
 #include "tests/support/temp_dir.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <iostream>
+#include <string>
 
 /// A small model file, written the way an exporter does. As it stands: one plain material and one
 /// triangle, (0, 0, 0), (2, 0, 0), (0, 2, 0) in the game. Tests exchange the pieces.

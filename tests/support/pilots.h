@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gmock/gmock.h>
-
 #include "game/ai_control.h"
 #include "game/galaxy.h"
 #include "tests/support/capture.h"
@@ -9,6 +7,8 @@
 #include "tests/support/geometry.h"
 #include "tests/support/probe.h"
 #include "tests/support/ship_yard.h"
+
+#include <gmock/gmock.h>
 
 /// A pilot whose thoughts a test reads and changes.
 struct Pilot : AIControl {

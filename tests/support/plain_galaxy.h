@@ -1,10 +1,10 @@
 #pragma once
 
-#include <limits>
-
 #include "3d/bounding_sphere.h"
 #include "game/galaxy.h"
 #include "game/game_object.h"
+
+#include <limits>
 
 /// A galaxy without a broad phase: goes through all pairs and asks all objects. What a galaxy does
 /// is measured by it, the outcome and the time.

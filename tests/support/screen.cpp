@@ -1,12 +1,12 @@
 #include "tests/support/screen.h"
 
+#include "tests/support/game_run.h"
+
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
 #include <cstdlib>
 #include <memory>
-
-#include "tests/support/game_run.h"
 
 namespace {
 

@@ -1,9 +1,5 @@
 #pragma once
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "game/part_store.h"
 #include "game/starship.h"
 #include "tests/support/picture.h"
@@ -11,6 +7,10 @@
 #include "tests/support/temp_dir.h"
 #include "tests/support/window.h"
 #include "xml/xml_parser.h"
+
+#include <memory>
+#include <string>
+#include <vector>
 
 /// Where tests build parts and ships from pieces of a game file. Its catalogue holds a hull with
 /// slots for two wings and an engine, a wing with a slot for a weapon, and one of each part that a

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "tests/support/temp_dir.h"
+
 #include <filesystem>
 #include <string>
-
-#include "tests/support/temp_dir.h"
 
 /// A folder whose "data" is the shipped data set, to work in without leaving anything behind.
 class ShippedGame {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <string>
-
 #include "3d/gfx_factory.h"
 #include "tests/support/picture.h"
 #include "tests/support/temp_dir.h"
 #include "tests/support/window.h"
+
+#include <string>
 
 /// The two series of pictures that every game has: ships burst in red, torpedoes in blue.
 namespace sprites {

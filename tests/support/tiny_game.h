@@ -1,14 +1,15 @@
 #pragma once
 
-#include <string>
-
 #include "tests/support/temp_dir.h"
+
+#include <string>
 
 /// The text of a model file: a closed box around the origin, twelve faces, one material.
 std::string boxModel(float half_size = 1);
 
 /// A folder with the smallest complete game: "data/game.xml", one model file, a dark sky, the
-/// explosions and the working directory "build". Tests change a piece of the game file to see what becomes of it.
+/// explosions and the working directory "build". Tests change a piece of the game file to see what
+/// becomes of it.
 class TinyGame {
 public:
     TinyGame();

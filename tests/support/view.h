@@ -1,10 +1,10 @@
 #pragma once
 
-#include <array>
-
 #include "3d/opengl.h"
 #include "game/simple_game_camera.h"
 #include "tests/support/window.h"
+
+#include <array>
 
 /// The colour of the world point `target` in a frame with nothing but `thing`, seen from `eye` with
 /// `up` as what is up. Needs an open window.

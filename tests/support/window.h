@@ -1,11 +1,11 @@
 #pragma once
 
+#include "main/sdl_context.h"
+
 #include <GL/gl.h>
 #include <SDL.h>
 
 #include <array>
-
-#include "main/sdl_context.h"
 
 /// The game's real window, 800 by 600, opened once for the whole test program.
 inline SDLContext& window() {
