@@ -7,6 +7,7 @@
 #include "main/exception.h"
 
 #include <algorithm>
+#include <climits>
 #include <cmath>
 #include <limits>
 
@@ -68,7 +69,7 @@ void AnimatedSprite::initDisplayList(GLuint dl, const std::string& texture) cons
 }
 
 bool AnimatedSprite::updateAnimation(int time_diff) {
-    time_pos += time_diff;
+    time_pos = static_cast<int>(std::min<long long>(0LL + time_pos + time_diff, INT_MAX));
     const bool timeless = duration < 1;
     const long long frame =
         timeless ? num_frames : static_cast<long long>(time_pos) * num_frames / duration;

@@ -27,6 +27,6 @@ AICircleControl::AICircleControl(Starship* s, const Point4& c, float sp)
 // The throttle stays closed: the engine takes some of the speed away again, in every frame alike.
 void AICircleControl::updateAI(int timediff) {
     const double turn = aspeed * degrees_per_radian * timediff / 1000;
-    new_orientation.rotate(axis, static_cast<float>(std::remainder(turn, 360)));
+    new_orientation.rotate(axis, static_cast<float>(std::remainder(turn, 360))).normalize();
     ship->setVelocity(speed);
 }

@@ -15,7 +15,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <iostream>
 #include <map>
 #include <string>

@@ -67,7 +67,7 @@ public:
     /// explosion view that looks at it freezes.
     void forgetObject(const _GameObject* object);
 
-    /// Whether the view follows each torpedo that the player fires.
+    /// Whether the view follows each torpedo that is fired, whoever fires it.
     bool isAutoWeapon() const { return auto_weapon; }
     void setAutoWeapon(bool on) { auto_weapon = on; }
 

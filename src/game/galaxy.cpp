@@ -424,9 +424,11 @@ void Galaxy::show() const {
     gl->startFrame(true);
     const DRWenum mode = gl->getDrawMode();
     if (bg) bg->draw(mode);
-    const Frustum frustum = gl->getCurrentCamera()->getFrustum();
-    for (const auto& [id, slot] : objects)
-        if (*slot && isInView(**slot, frustum)) (*slot)->draw(mode);
+    if (const _CameraInterface* camera = gl->getCurrentCamera()) {
+        const Frustum frustum = camera->getFrustum();
+        for (const auto& [id, slot] : objects)
+            if (*slot && isInView(**slot, frustum)) (*slot)->draw(mode);
+    }
     gl->endFrame();
 }
 

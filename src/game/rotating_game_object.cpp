@@ -17,11 +17,6 @@ const _BoundingObject& _RotatingGameObject::getBoundingObject() const {
     return *b_obj;
 }
 
-void _RotatingGameObject::resetBoundingObject() {
-    model_b_obj.reset();
-    update_b_obj = true;
-}
-
 BoundingSphere _RotatingGameObject::getBoundingSphere() const {
     return BoundingSphere(getPosition(), (b_obj ? *b_obj : getBoundingObject()).getRadius());
 }

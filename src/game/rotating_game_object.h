@@ -11,7 +11,7 @@ public:
     ~_RotatingGameObject() override;
 
     /// Bounds in the object's own coordinates, from which its bounds in the world are made. Asked
-    /// for once, and again after resetBoundingObject(). The caller owns the result.
+    /// for once. The caller owns the result.
     virtual _BoundingObject* computeBoundingObject() const = 0;
 
     const _BoundingObject& getBoundingObject() const override;
@@ -24,8 +24,6 @@ public:
     float getVelocity() const { return velocity; }
 
 protected:
-    /// To be called when computeBoundingObject() would now give something else.
-    void resetBoundingObject();
     void setVelocity(float v) { velocity = v; }
 
     mutable bool update_b_obj = true;  ///< the bounds are stale

@@ -272,6 +272,7 @@ void Starship::addCannon(Cannon* c) {
 
 void Starship::computeTotalBoundingBox() {
     total_bbox = hull->getTotalBoundingBox();
+    resetBoundingObject();
 }
 
 _BoundingObject* Starship::computeBoundingObject() const {

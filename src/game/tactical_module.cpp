@@ -10,7 +10,7 @@
 #include <SDL.h>
 
 #include <algorithm>
-#include <cmath>
+#include <cstdlib>
 #include <iostream>
 
 namespace {

@@ -31,7 +31,7 @@ private:
     ObjectSlot target;
     Starship* ship;
     AIControl* aic;
-    int time_to_next_attack = 0;    ///< milliseconds
-    float max_lock_distance = -1;   ///< no lock beyond it, none at all below 0
-    float min_lock_distance = 280;  ///< no lock nearer than this
+    int time_to_next_attack = 0;  ///< milliseconds
+    float max_lock_distance;      ///< no lock beyond it, none at all below 0
+    float min_lock_distance;      ///< no lock nearer than this
 };

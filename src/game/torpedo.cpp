@@ -73,7 +73,8 @@ void Torpedo::update(int time_diff) {
         if (!explosion->updateAnimation(time_diff)) throw TorpedoFadedEvent();
         return;
     }
-    if (energy <= 0 || (ttl -= time_diff) <= 0) burst();
+    ttl -= time_diff;
+    if (energy <= 0 || ttl <= 0) burst();
     if (ttl <= end_warmup) home(time_diff);
     move(time_diff);
 }

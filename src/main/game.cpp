@@ -143,10 +143,12 @@ void Game::start() {
                 loop = false;
                 break;
             case LEVEL_END:
-                if (++current_level == level_nodes.end())
+                if (++current_level == level_nodes.end()) {
                     restart(level, LEVEL_END);
-                else
+                } else {
+                    level.unload();
                     changeLevel(level);
+                }
                 break;
             case PLAYER_KILLED:
                 restart(level, PLAYER_KILLED);

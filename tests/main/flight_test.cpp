@@ -65,7 +65,9 @@ private:
 /// A ship in the galaxy of the tiny game, flown by typed keys until Esc.
 class TypedFlight {
 public:
-    TypedFlight() : before(std::filesystem::current_path()) {
+    explicit TypedFlight(const std::string& planet = "P(0|0|400)")
+        : before(std::filesystem::current_path()) {
+        tiny.replace("P(0|0|400)", planet);
         std::filesystem::current_path(tiny.getDirectory());
         const Capture silence(std::cout);
         parser = std::make_unique<XMLParser>("../data/game.xml");
@@ -155,12 +157,26 @@ TEST(Flight, KeysFlyTheShipAndChooseTheCamera) {
         {"F3 Prior", [] { return watchesType(CAM_PLANET) && !watches(CPOS_FRONT); }},
         {"F6 Prior Next", [] { return watches(CPOS_LEFT); }},
         {"F12", [] { return CameraManagement::getInstance()->isAutoWeapon(); }},
+        {"BackSpace", [] { return watchesType(CAM_TORPEDO); }},
         {"F12", [] { return !CameraManagement::getInstance()->isAutoWeapon(); }},
         {"alt+Up alt+Up", camera_pitch(-1)},
         {"alt+Down alt+Down", camera_pitch(1)},
     };
     TypedFlight flight;
     for (const auto& [keys, seen] : cases) EXPECT_TRUE(flight.fly(keys, seen)) << keys;
+}
+
+// The ship flies into the planet's air, lands, waits for a key and takes off, away from the planet.
+TEST(Flight, LandsAndTakesOff) {
+    window();
+    TypedFlight flight("P(0|0|60)");
+    std::string keys;
+    for (int i = 0; i < 10; ++i) keys += "Up ";
+    for (int i = 0; i < 25; ++i) keys += "F5 ";
+    EXPECT_TRUE(flight.fly(keys, [] {
+        return player().getOrientation().z < -0.99F && player().getPosition().z < 10 &&
+               player().getControl()->getThrottle() == 0;
+    }));
 }
 
 namespace {
@@ -281,6 +297,29 @@ TEST(Flight, ScreenshotEqualsTheScreenAndClosingTheWindowEnds) {
     EXPECT_EQ(decode(file), screen::capture());
 
     screen::closeWindow();
+    EXPECT_EQ(run.wait(), 0) << run.err();
+    EXPECT_EQ(run.err(), "");
+}
+
+// Who rams another ship bursts with it, and begins anew with a new ship.
+TEST(Flight, LostShipIsFollowedByANewOne) {
+    TinyGame game;
+    game.replace("<Planet id='1'",
+                 "<Starship id='2' name='Wreck' pos='P(0|0|40)' orientation='V(0|0|1)' "
+                 "up='V(0|1|0)' hull='hull' engine='engine' reactor='reactor' tank='tank'/>"
+                 "<Planet id='1'");
+    GameRun run(game.getDirectory());
+    ASSERT_TRUE(waitForFlight(run)) << run.out() << run.err();
+    for (int i = 0; i < 10; ++i) screen::press("Up");
+    EXPECT_TRUE(
+        run.waitForOutput("GAME: reloading player starship...\n"
+                          "!! GAME(5): removing Player\n"
+                          "GAME: loading and initializing level...\n"
+                          "!! GAME(5): removing Rock\n"
+                          "!! GAME(5): removing Wreck\n"
+                          "!! GAME(5): level deleted.\n"))
+        << run.out();
+    screen::press("Escape");
     EXPECT_EQ(run.wait(), 0) << run.err();
     EXPECT_EQ(run.err(), "");
 }
