@@ -64,6 +64,8 @@ TEST_F(Renderer, FrameBringsLightIntoPlace) {
 
 // The size at which something is drawn changes nothing about its light.
 TEST_F(Renderer, LightsEveryScaleAlike) {
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    glDisable(GL_TEXTURE_2D);
     Camera camera({0, 50, 20, 1}, {0, 1, 0, 1}, {0, 50, 0, 1});
     gl.setCurrentCamera(&camera);
     for (const float scale : {1.f, 0.2f, 5.f}) {
