@@ -1,14 +1,17 @@
 """The 3D typeface: every letter is a handful of strokes on a small grid, their corners rounded, swept
 with a chiselled profile so that light from above finds an upper facet on each of them. Letters are
-drawn with capitals one unit high and then brought to their size, centred on the origin; x runs to
-the right of the reader and z towards him."""
+drawn with capitals one unit high and then brought to their size and place; x runs to the right of
+the reader and z towards him."""
 import numpy as np
 
 from shapes import Mesh
 
-SIZE = 0.62         # height of a capital in the game; the menu's title has to fit beside its middle
+SIZE = 0.5          # height of a capital in the game; the menu's title has to fit below its panel
 STROKE = 0.095      # half the width of a stroke
 DEPTH = 0.12        # half the depth of a letter
+# Where a letter stands, off its origin: the menu writes its title from the middle of the window to the
+# right, across its buttons; so it comes to stand in the middle, below them.
+STAND = (-1.44, -2.42)
 LEAN = 0.38         # how far a letter leans back, so that its front, too, faces the light above
 SIDE = 0.05         # free space on either side of a letter
 CORNER = 0.17       # radius of a rounded corner
@@ -176,7 +179,7 @@ def letter(character):
     points = np.concatenate([points, [(low, 0, 0), (high, 0, 0)]])
     points -= ((low + high) / 2, 0.5, 0)
     points[:, 2] -= LEAN * points[:, 1]
-    return points * SIZE, tris
+    return points * SIZE + (*STAND, 0), tris
 
 
 def file_name(character):

@@ -73,6 +73,7 @@ def paint(atlas, livery, seed, second=None, stripes=None, soot=None, windows=Non
     sheet *= np.where(lit, 1, shade)[..., None]
     _glass(atlas, sheet, livery)
     _glow(atlas, sheet, livery)
+    _sails(atlas, sheet)
     if windows is not None:
         _mix(sheet, tuple(min(255, c * 1.05) for c in livery.glow), windows(at) * _is(atlas, "hull", "second", "dark"))
     sheet[~here] = 0
@@ -82,7 +83,7 @@ def paint(atlas, livery, seed, second=None, stripes=None, soot=None, windows=Non
 def _coat(tag, livery):
     coats = {"hull": livery.hull, "second": livery.second, "accent": livery.accent,
              "metal": livery.metal, "dark": tuple(c * 0.55 for c in livery.metal),
-             "glass": livery.glass, "glow": livery.glow}
+             "glass": livery.glass, "glow": livery.glow, "sail": (22, 30, 66)}
     return np.array(coats[tag], np.float32)
 
 
@@ -134,6 +135,21 @@ def _glow(atlas, sheet, livery):
     glow = np.array(livery.glow, np.float32)
     colour = glow + (255 - glow) * core
     sheet[on] = (colour * (1 - 0.55 * rim))[on]
+
+
+def _sails(atlas, sheet):
+    """Cells that drink light: dark blue squares that shimmer, in a bright grid."""
+    on = _is(atlas, "sail")
+    if not on.any():
+        return
+    x, y = atlas.pos[..., 0], atlas.pos[..., 1]
+    cell = 0.85
+    line = np.minimum(np.abs((x / cell) % 1 - 0.5), np.abs((y / cell) % 1 - 0.5))
+    grid = noise.smoothstep(0.09, 0.04, line)
+    shimmer = 1 + 0.35 * np.sin(np.floor(x / cell + 0.5) * 12.9 + np.floor(y / cell + 0.5) * 78.2) + 0.25 * (x + y) % 0.3
+    colour = np.array((34, 48, 104), np.float32) * shimmer[..., None]
+    colour += (np.array((150, 164, 190), np.float32) - colour) * (0.6 * grid)[..., None]
+    sheet[on] = colour[on]
 
 
 # Plating.

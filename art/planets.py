@@ -1,6 +1,9 @@
 """The planets: spheres, and the pictures wound round them. Everything on a surface is a function of
 the place in space, so that neither the seam nor the poles show; clouds drift over their planet, so
 their picture repeats in both directions and is laid on as a sea chart, which keeps their shapes."""
+from collections.abc import Callable
+from dataclasses import dataclass
+
 import numpy as np
 from PIL import Image
 
@@ -134,9 +137,10 @@ def blue_world(seed=5):
     return picture(blend(out, shaded, ice))
 
 
-def clouds(seed=7):
+def clouds(seed=7, colour=(-4, 0, 5), cover_low=-0.06, thick=232):
     """Weather as a picture with alpha: banks, open sky, broken fields and slow swirls, of one grain
-    everywhere and without a direction, since every part of it drifts over every latitude."""
+    everywhere and without a direction, since every part of it drifts over every latitude. `colour` is
+    what sets it off from white; the lower `cover_low`, the more sky is covered."""
     y, x = np.mgrid[0:HEIGHT, 0:WIDTH].astype(np.float32)
     x, y = (x + 0.5) / WIDTH, (y + 0.5) / HEIGHT
     wx, wy = noise.tiled(x, y, seed, (8, 4), 4), noise.tiled(x, y, seed + 3, (8, 4), 4)
@@ -145,9 +149,9 @@ def clouds(seed=7):
     banks = noise.tiled(x, y, seed + 20, (12, 6), 6, 0.56)
     tufts = noise.tiled(x + 0.012 * wy, y + 0.024 * wx, seed + 50, (32, 16), 5, 0.62)
     cover = 0.75 * fields + 1.0 * banks + 0.34 * tufts
-    alpha = smoothstep(-0.06, 0.52, cover) ** 1.25
+    alpha = smoothstep(cover_low, cover_low + 0.58, cover) ** 1.25
     tone = 206 + 44 * smoothstep(0.0, 0.6, cover) + 16 * tufts
-    rgba = np.stack([tone - 4, tone, tone + 5, alpha * 232], axis=-1)
+    rgba = np.stack([*(tone + c for c in colour), alpha * thick], axis=-1)
     return Image.fromarray(np.clip(rgba, 0, 255).astype(np.uint8), "RGBA")
 
 
@@ -162,6 +166,74 @@ def _swirl(x, y, seed):
         x = x + (np.cos(a) - 1) * dx - np.sin(a) * dy
         y = y + 2 * (np.sin(a) * dx + (np.cos(a) - 1) * dy)
     return x, y
+
+
+def dust_world(seed=151):
+    """Deserts of iron and salt: dark lava plains, canyons that run out of the highlands, bright pans
+    where seas dried up, dunes, and small frosty caps."""
+    p, lat = globe()
+    warp = np.stack([noise.fractal(p * 1.5 + 17 * k, seed + k, 4) for k in range(3)], axis=-1)
+    q = p + 0.36 * warp
+    base = noise.fractal(q * 1.4, seed + 10, 8, 0.54)
+    ridges = noise.ridged(q * 2.6, seed + 20, 6)
+    cuts = noise.ridged(p * 1.7 + 0.5 * warp, seed + 30, 5, 0.45)
+    canyon = smoothstep(0.80, 0.93, cuts) * smoothstep(-0.08, 0.12, base)
+    lava = smoothstep(0.05, 0.30, noise.fractal(q * 1.1 + 5, seed + 40, 6)) * smoothstep(0.15, -0.05, base)
+    pans = smoothstep(-0.16, -0.24, base) * smoothstep(0.2, -0.1, lava)
+    height = 0.9 * base + 0.32 * ridges * smoothstep(-0.1, 0.25, base) - 0.42 * canyon
+    dunes = np.sin((q[..., 1] * 46 + 9 * noise.fractal(p * 5, seed + 50, 4))) * smoothstep(0.05, -0.1, np.abs(base))
+
+    ground = ramp(height, [(-0.45, (138, 98, 74)), (-0.1, (166, 116, 80)), (0.15, (190, 144, 102)), (0.4, (142, 96, 74)),
+                           (0.75, (206, 178, 146))])
+    ground = blend(ground, (70, 54, 50), 0.8 * lava)
+    ground = blend(ground, (226, 206, 172), 0.75 * pans)
+    ground = blend(ground, (96, 50, 38), 0.75 * canyon)
+    ground *= (1 + 0.16 * noise.fractal(p * 12, seed + 60, 5) + 0.05 * dunes)[..., None]
+    ground *= relief(height + 0.012 * dunes, lat, 5.0)[..., None]
+    edge = np.abs(lat) + 0.20 * noise.fractal(p * 4.0, seed + 70, 6, 0.55)
+    frost = smoothstep(1.27, 1.34, edge)
+    return picture(blend(ground, (232, 226, 222), 0.92 * frost))
+
+
+def banded_giant(seed=211):
+    """Belts and zones of cloud, torn where they rub on each other, with one great storm and a string of
+    small ones."""
+    p, lat = globe()
+    north = np.array((0, 1, 0), np.float32)
+    storms = [(_direction(0.47, -0.37), 0.26, 2.6, (196, 92, 58)), (_direction(0.62, 0.30), 0.10, -2.2, (238, 226, 206)),
+              (_direction(0.80, -0.62), 0.09, 2.2, (240, 232, 214)), (_direction(0.90, -0.62), 0.07, 2.0, (240, 232, 214)),
+              (_direction(0.99, -0.61), 0.08, 2.1, (236, 226, 206)), (_direction(0.14, 0.62), 0.08, -1.9, (150, 100, 76))]
+    turned, spots = p, []
+    for centre, reach, twist, colour in storms:
+        east = np.cross(north, centre)
+        east /= np.linalg.norm(east)
+        up = np.cross(centre, east)
+        x, y = turned @ east, turned @ up * 1.7  # storms are drawn out along their belt
+        away = np.where(turned @ centre > 0, np.hypot(x, y), 9)
+        a = twist * np.exp(-(away / reach) ** 2)
+        nx, ny = np.cos(a) * x - np.sin(a) * y, np.sin(a) * x + np.cos(a) * y
+        turned = turned + (nx - x)[..., None] * east + ((ny - y) / 1.7)[..., None] * up
+        spots.append((away / reach, colour))
+    q = turned / np.linalg.norm(turned, axis=-1, keepdims=True)
+    at = np.arcsin(np.clip(q[..., 1], -1, 1))
+    curl = noise.fractal(q * (3.0, 7.0, 3.0), seed, 5, 0.55)
+    fine = noise.fractal(q * (6.0, 30.0, 6.0) + 0.6 * curl[..., None], seed + 5, 5, 0.55)
+    streak = noise.fractal(q * (2.0, 60.0, 2.0) + 0.25 * curl[..., None], seed + 9, 4, 0.6)
+    along = at + 0.020 * curl + 0.010 * fine
+    flat = np.stack([np.full_like(along, 0.3), along * 5.2, np.full_like(along, 0.7)], axis=-1)
+    belt = noise.fractal(flat, seed + 20, 4, 0.62) * 2.1
+    edges = np.clip(1 - np.abs(belt) * 2.2, 0, 1)
+    tone = belt + 0.28 * edges * fine + 0.16 * streak
+    colour = ramp(tone, [(-0.75, (112, 70, 54)), (-0.38, (160, 104, 72)), (-0.12, (198, 150, 108)), (0.08, (222, 194, 154)),
+                         (0.34, (238, 222, 192)), (0.7, (206, 180, 150))])
+    colour *= (1 + 0.07 * streak + 0.06 * fine)[..., None]
+    for away, tint in spots:
+        eye = np.exp(-(away / 0.62) ** 4)
+        rim = np.exp(-((away - 0.92) / 0.16) ** 2)
+        colour = blend(colour, np.array(tint, np.float32) * (1 + 0.30 * fine)[..., None], 0.78 * eye)
+        colour *= (1 + 0.16 * rim)[..., None]
+    polar = smoothstep(0.95, 1.35, np.abs(lat) + 0.05 * curl)
+    return picture(blend(colour, (128, 118, 122), 0.7 * polar) * (0.92 + 0.08 * np.cos(lat))[..., None])
 
 
 def cratered_moon(seed=17):
@@ -204,3 +276,21 @@ def _rays(p, centre, d, seed):
     streaks = np.clip(noise.fractal(ring * 5.5 + seed, seed + 3, 3, 0.7) * 2.4 - 0.1, 0, 1)
     patchy = 0.6 + 0.8 * noise.fractal(p * 30, seed + 4, 3)
     return 0.36 * streaks * patchy * np.exp(-d * 0.32) * (d > 0.9) + 0.20 * np.exp(-d * 0.9)
+
+
+@dataclass
+class Planet:
+    radius: float
+    slices: int
+    files: tuple       # the model, as seen from data/; with weather, that of the clouds too
+    surface: Callable
+    weather: Callable = None
+
+
+PLANETS = {
+    "blue_world": Planet(1150, 80, ("earth_main.ASE", "earth_clouds.ASE"), blue_world, clouds),
+    "dust_world": Planet(520, 60, ("planets/dust_world.ase", "planets/dust_world_clouds.ase"), dust_world,
+                         lambda: clouds(163, (-10, -34, -66), 0.06, 190)),
+    "banded_giant": Planet(1400, 84, ("planets/banded_giant.ase",), banded_giant),
+    "cratered_moon": Planet(110, 60, ("planets/cratered_moon.ase",), cratered_moon),
+}

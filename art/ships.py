@@ -3,34 +3,10 @@ origin is where its slot holds it; the game file says where on the hull the slot
 further than z = 14, since the front camera looks out from z = 15."""
 import numpy as np
 
+from fittings import barrel, nozzle, vents
 from noise import smoothstep
 from paint import stripe
 from shapes import Mesh, box, chamfered, extrude, fin, lathe, loft, polygon, ring
-
-
-def nozzle(z, radius, length, group="engine", count=12, tag="metal"):
-    """An engine's end: a glowing plate in a flared bell, with two collars ahead of it."""
-    r = radius
-    return lathe([(z + length * 0.45, 0), (z + length * 0.45, r * 0.74), (z, r * 0.93), (z - 0.02 * r, r),
-                  (z + length * 0.42, r * 1.12), (z + length * 0.42, r * 1.24), (z + length * 0.58, r * 1.24),
-                  (z + length * 0.58, r * 1.12), (z + length, r * 1.16)],
-                 ["glow", "dark", "metal", tag, tag, "dark", tag, tag], group, count)
-
-
-def vents(count, width, length, gap, tag="dark", group="detail", height=0.16):
-    m = Mesh()
-    for n in range(count):
-        m.add(box(width, height, length, tag, group).moved(0, 0, n * gap))
-    return m
-
-
-def barrel(length, radius, group="gun", count=6):
-    """A gun barrel from z = 0 forward: sleeve, collar and a muzzle brake with a bore."""
-    r, z = radius, length
-    return lathe([(0, r * 1.5), (z * 0.18, r * 1.5), (z * 0.24, r * 1.0), (z * 0.42, r * 1.0), (z * 0.43, r * 1.4),
-                  (z * 0.52, r * 1.4), (z * 0.53, r * 0.8), (z * 0.82, r * 0.8), (z * 0.84, r * 1.3), (z, r * 1.2),
-                  (z, r * 0.55), (z * 0.94, 0)],
-                 ["metal", "metal", "metal", "dark", "dark", "dark", "metal", "dark", "metal", "dark", "dark"], group, count)
 
 
 # The player's fighter.
@@ -176,6 +152,108 @@ def needle_cannon():
     return m
 
 
+# The raider: a flat shell with its wings bent down and forward like a mantis's claws.
+
+def raider_hull():
+    m = Mesh()
+    # A shell, broad behind and blunt ahead, its edge drawn down.
+    shell = [(-8.6, 4.6, 1.7, 2.6, 0.25, 0.2), (-7.6, 7.0, 2.5, 2.8, 0.25, 0.5), (-4.4, 8.6, 3.0, 2.6, 0.3, 0.8),
+             (-1.0, 8.2, 3.0, 2.5, 0.3, 0.8), (2.6, 6.6, 2.6, 2.4, 0.2, 0.6), (6.0, 4.6, 2.0, 2.2, 0.0, 0.4),
+             (8.8, 2.8, 1.3, 2.1, -0.25, 0.2), (10.4, 1.2, 0.6, 2.0, -0.45, 0)]
+    m.add(loft([(z, ring(w, h, p, 20, 0, y, 0.6, c)) for z, w, h, p, y, c in shell], ["second"] + ["hull"] * 6, "body"))
+    # The beak: two tusks below the nose and a sensor between them.
+    m.add(lathe([(8.6, 0.5), (10.2, 0.42), (11.6, 0.2), (12.2, 0.03)], ["metal", "dark", "glass"], "detail", 10).moved(0, -0.55, 0))
+    # A low canopy far back, behind a brow.
+    bubble = [(-0.6, 0.4, 0.2, 1.62), (0.6, 1.5, 0.9, 1.58), (2.0, 1.9, 1.2, 1.42), (3.6, 1.7, 1.05, 1.12), (5.0, 0.5, 0.3, 0.86)]
+    m.add(loft([(z, ring(w, h, 2.2, 14, 0, y)) for z, w, h, y in bubble], "glass", "canopy"))
+    m.add(loft([(-7.8, [(x, y + 1.7) for x, y in chamfered(1.6, 1.1, 0.3)]), (-6.4, [(x, y + 1.95) for x, y in chamfered(2.4, 1.3, 0.4)]),
+                (-1.6, [(x, y + 1.9) for x, y in chamfered(2.0, 1.0, 0.35)]), (-0.4, [(x, y + 1.66) for x, y in chamfered(1.5, 0.5, 0.2)])],
+               "second", "body"))
+    m.add(vents(5, 1.1, 0.3, 0.8).moved(0, 2.58, -5.8))
+    # One broad engine slot of three bells.
+    m.add(nozzle(-10.4, 1.15, 3.2, count=12).moved(0, 0.15, 0))
+    side = Mesh()
+    side.add(nozzle(-9.9, 0.85, 2.8, count=10).moved(2.1, 0.05, 0))
+    side.add(fin(((2.2, 1.2), -8.6, -3.0), ((3.5, 4.4), -10.6, -8.0), (0.44, 0.14), "hull", "fin"))
+    # Shoulders that the claws turn in.
+    side.add(loft([(-5.6, chamfered(1.0, 1.2, 0.3)), (-4.8, chamfered(1.8, 2.0, 0.5)), (0.4, chamfered(1.8, 2.0, 0.5)),
+                   (1.4, chamfered(0.9, 1.1, 0.3))], "second", "slab").moved(3.9, -0.2, 0))
+    side.add(fin(((0.9, -0.6), 3.4, 8.6), ((1.9, -1.3), 7.6, 12.4), (0.7, 0.16), "accent", "fin"))
+    side.add(vents(4, 0.9, 0.34, 0.7).moved(2.5, 1.52, -3.6))
+    side.add(box(0.5, 0.3, 1.2, "metal", "detail").moved(1.7, 1.12, 4.4))
+    side.add(box(0.8, 0.3, 1.6, "dark", "detail").moved(1.6, -0.95, -2.0))
+    m.add(side.both_sides())
+    m.add(box(1.6, 0.6, 5.0, "second", "body", 0.2).moved(0, -0.9, -1.0))
+    return m
+
+
+def raider_wing():
+    """The left claw: out, then down and forward, with the cannon's mount inside its elbow."""
+    m = Mesh()
+    m.add(box(1.0, 1.4, 5.0, "second", "root", 0.3).moved(0.1, 0, 0))
+    m.add(fin(((0.2, 0.1), -2.6, 2.4), ((3.4, 0.9), -2.2, 2.4), (1.0, 0.7), "hull", "blade"))
+    m.add(fin(((3.4, 0.9), -2.2, 2.4), ((6.4, -0.8), 0.2, 4.6), (0.7, 0.6), "hull", "blade"))
+    m.add(fin(((6.4, -0.8), 0.2, 4.6), ((6.9, -3.8), 4.8, 8.6), (0.6, 0.3), "hull", "claw"))
+    m.add(fin(((6.9, -3.8), 4.8, 8.6), ((5.6, -5.6), 10.2, 12.0), (0.3, 0.1), "accent", "claw"))
+    # Elbow and mount.
+    m.add(lathe([(-1.6, 0.05), (-1.6, 0.5), (-0.9, 0.74), (1.4, 0.74), (2.0, 0.5), (2.0, 0.05)],
+                ["dark", "metal", "second", "second", "dark"], "detail", 12).moved(6.5, -0.9, 2.4))
+    m.add(box(0.5, 0.9, 2.2, "metal", "root", 0.15).moved(5.3, -0.5, 2.6))
+    m.add(box(0.34, 0.36, 2.4, "metal", "detail").moved(2.0, -0.3, -1.6))
+    m.add(fin(((3.4, 1.0), -2.0, 0.6), ((3.9, 2.5), -3.2, -1.8), (0.26, 0.1), "second", "root"))
+    return m
+
+
+# The bomber: two long booms with the torpedoes, and the crew in a glazed nose between them.
+
+def mace_hull():
+    m = Mesh()
+    middle = [(-9.0, 5.6, 1.6, .5), (-8.0, 6.6, 2.4, .7), (-1.0, 6.6, 2.8, .8), (3.0, 4.4, 2.8, .8), (6.4, 3.2, 2.4, .7)]
+    m.add(loft([(z, chamfered(w, h, c)) for z, w, h, c in middle], "hull", "body"))
+    nose = [(6.2, 3.2, 2.4, 2.6, 0.0), (7.4, 3.2, 2.5, 2.4, -0.05), (9.6, 2.7, 2.1, 2.2, -0.15), (11.4, 1.7, 1.3, 2.0, -0.3),
+            (12.4, 0.6, 0.5, 2.0, -0.42)]
+    m.add(loft([(z, ring(w, h, p, 16, 0, y)) for z, w, h, p, y in nose], ["second", "glass", "glass", "glass"], "canopy"))
+    # Turret blister and spine.
+    m.add(lathe([(-0.2, 1.2), (0.3, 1.2), (0.7, 0.95), (1.0, 0.5), (1.1, 0.02)], ["second", "glass", "glass", "glass"], "canopy", 14)
+          .turned("x", -90).moved(0, 1.35, -1.2))
+    m.add(loft([(-8.6, [(x, y + 1.4) for x, y in chamfered(1.0, .8, .2)]), (-7.4, [(x, y + 1.6) for x, y in chamfered(1.8, 1.2, .35)]),
+                (-3.6, [(x, y + 1.5) for x, y in chamfered(1.6, 1.0, .3)])], "second", "body"))
+    m.add(fin(((0, 1.7), -9.0, -5.4), ((0, 5.0), -11.0, -8.2), (0.5, 0.16), "hull", "fin"))
+    m.add(vents(3, 1.0, 0.3, 0.8).moved(0, 2.0, -6.0))
+    side = Mesh()
+    boom = [(-12.0, 1.9, 1.9, .5), (-11.0, 2.6, 2.6, .7), (-4.0, 2.9, 3.0, .8), (3.0, 2.7, 2.8, .75), (7.4, 2.3, 2.3, .6),
+            (8.6, 1.7, 1.7, .5)]
+    side.add(loft([(z, chamfered(w, h, c)) for z, w, h, c in boom], ["second", "hull", "hull", "hull", "second"], "boom")
+             .moved(4.5, -0.2, 0))
+    side.add(nozzle(-14.4, 1.15, 3.6, count=12).moved(4.5, -0.2, 0))
+    # Armour collars, the mouths of two tubes, and a rib of machinery along the flank.
+    side.add(loft([(-1.4, chamfered(3.1, 3.2, .85)), (-1.0, chamfered(3.4, 3.5, .95)), (1.6, chamfered(3.4, 3.5, .95)),
+                   (2.0, chamfered(3.1, 3.2, .85))], "second", "slab").moved(4.5, -0.2, 0))
+    for y in (0.25, -0.65):
+        side.add(lathe([(8.2, 0.42), (9.2, 0.42), (9.2, 0.3), (8.5, 0)], ["metal", "accent", "dark"], "detail", 10).moved(4.5, y, 0))
+    side.add(fin(((4.6, 1.0), -11.2, -8.0), ((5.6, 3.4), -12.8, -10.6), (0.36, 0.12), "hull", "fin"))
+    side.add(box(0.6, 0.5, 3.4, "metal", "detail").moved(4.5, 1.34, -5.0))
+    side.add(vents(4, 0.8, 0.3, 0.7).moved(4.5, 1.3, 3.6))
+    side.add(box(0.4, 0.6, 2.0, "dark", "detail").moved(5.86, -0.2, -7.6))
+    side.add(box(0.4, 0.5, 1.0, "metal", "detail").moved(3.2, 1.3, 1.0))
+    m.add(side.both_sides())
+    m.add(box(2.2, 0.5, 5.0, "dark", "detail", 0.15).moved(0, -1.4, -1.4))
+    return m
+
+
+def mace_wing():
+    """The left wing: short, thick and drooping, with a rail below it and a pod at its end."""
+    m = Mesh()
+    m.add(box(0.9, 1.2, 6.4, "second", "root", 0.28).moved(0, 0, 0))
+    m.add(fin(((0.2, 0), -3.4, 3.4), ((5.6, -1.2), -4.2, 0.6), (1.1, 0.6), "hull", "blade"))
+    m.add(fin(((0.4, 0.3), -3.6, -1.6), ((4.6, -0.6), -5.4, -4.0), (0.4, 0.2), "second", "blade"))
+    tip = [(-5.0, 0.05), (-5.0, 0.4), (-4.4, 0.66), (0.6, 0.66), (1.8, 0.4), (2.3, 0.03)]
+    m.add(lathe(tip, ["dark", "metal", "hull", "accent", "accent"], "detail", 12).moved(5.7, -1.25, -0.4))
+    m.add(box(0.4, 0.7, 3.6, "metal", "root", 0.12).moved(2.9, -0.9, 0.2))
+    m.add(fin(((5.8, -1.6), -4.6, -1.8), ((6.3, -3.2), -5.6, -3.8), (0.24, 0.1), "second", "root"))
+    return m
+
+
 # The gunship: a slab of armour with a bridge, four engines and outriggers.
 
 def anvil_hull():
@@ -213,8 +291,7 @@ def anvil_hull():
     # Machinery between the slabs, pipes, hatches and thrusters.
     side.add(vents(4, 0.5, 0.4, 1.0).moved(2.6, 2.78, -2.6))
     side.add(lathe([(0, 0.16), (11.0, 0.16)], "metal", "detail", 6).moved(4.72, 2.2, -19.4))
-    side.add(lathe([(0, 0.12), (11.0, 0.12)], "metal", "detail", 6).moved(4.95, 1.85, -19.4))
-    for z in (-18.0, -11.0, -6.0, 0.0, 5.4):
+    for z in (-18.0, -11.0, -6.0, 5.4):
         side.add(box(0.8, 0.5, 1.1, "metal", "detail").moved(3.2 if z < 2 else 2.3, 3.2 if z < -8 else (2.7 if z < 2 else 1.75), z))
     side.add(box(0.5, 0.6, 1.2, "dark", "detail").moved(3.0, -0.6, 9.4))
     side.add(box(1.1, 0.6, 2.6, "metal", "detail").moved(2.4, -2.6, 3.6))
@@ -234,7 +311,7 @@ def anvil_wing():
     m.add(box(0.8, 0.5, 8.0, "second", "pod", 0.18).moved(4.4, 0.6, -1.0))
     m.add(box(0.5, 0.8, 6.0, "second", "pod", 0.16).moved(5.5, -0.8, -1.4))
     m.add(vents(5, 0.9, 0.34, 0.6).moved(4.4, 0.86, -4.4))
-    m.add(nozzle(-9.0, 0.55, 1.9, "detail", 6).moved(4.4, -0.8, 0))
+    m.add(nozzle(-9.0, 0.55, 1.9, "detail", 5).moved(4.4, -0.8, 0))
     m.add(box(0.8, 0.6, 2.0, "metal", "detail").moved(4.4, -2.2, 1.0))
     return m
 
@@ -242,14 +319,13 @@ def anvil_wing():
 def heavy_turret():
     """A flat turret with two barrels; it stands on its origin."""
     m = Mesh()
-    m.add(lathe([(-0.1, 0.02), (-0.1, 1.35), (0.35, 1.35), (0.35, 1.1)], "metal", "gun", 8).turned("x", -90))
+    m.add(lathe([(-0.1, 1.35), (0.35, 1.35), (0.35, 1.1)], "metal", "gun", 8).turned("x", -90))
     m.add(loft([(-1.5, [(x, y + 0.75) for x, y in chamfered(1.5, 0.7, 0.2)]), (-1.1, [(x, y + 0.8) for x, y in chamfered(2.1, 1.0, 0.28)]),
                 (0.6, [(x, y + 0.8) for x, y in chamfered(2.1, 1.0, 0.28)]), (1.5, [(x, y + 0.65) for x, y in chamfered(1.6, 0.5, 0.16)])],
                "hull", "gun"))
-    m.add(lathe([(0, 0.28), (1.3, 0.28), (1.45, 0.18), (3.1, 0.18), (3.2, 0.26), (3.8, 0.24), (3.8, 0.12), (3.5, 0)],
-                ["metal", "dark", "metal", "dark", "metal", "dark", "dark"], "gun", 6).moved(0.48, 0.72, 1.0).both_sides())
+    m.add(lathe([(0, 0.28), (1.35, 0.28), (1.4, 0.18), (3.15, 0.18), (3.2, 0.26), (3.8, 0.24), (3.6, 0)],
+                ["metal", "dark", "metal", "dark", "metal", "dark"], "gun", 5).moved(0.48, 0.72, 1.0).both_sides())
     m.add(box(0.5, 0.3, 0.7, "glass", "gun").moved(0, 1.36, 0.2))
-    m.add(vents(2, 1.1, 0.2, 0.5, "dark", "gun").moved(0, 1.32, -1.1))
     return m
 
 
@@ -271,7 +347,7 @@ def torpedo_launcher():
     m = Mesh()
     body = [(-2.6, 1.0, 0.8, .2), (-2.2, 1.7, 1.3, .3), (1.2, 1.7, 1.3, .3), (1.5, 1.5, 1.1, .25)]
     m.add(loft([(z, chamfered(w, h, c)) for z, w, h, c in body], ["dark", "hull", "accent"], "gun").moved(0, -0.65, 0))
-    tube = lathe([(1.3, 0.3), (2.1, 0.3), (2.1, 0.2), (1.4, 0)], ["metal", "metal", "dark"], "gun", 8)
+    tube = lathe([(1.3, 0.3), (2.1, 0.3), (2.1, 0.2), (1.4, 0)], ["metal", "metal", "dark"], "gun", 6)
     for y in (-0.36, -0.94):
         m.add(tube.moved(0.4, y, 0).both_sides())
     m.add(box(0.16, 0.7, 2.4, "metal", "gun").moved(0.92, -0.65, -0.6).both_sides())
@@ -314,15 +390,39 @@ def kestrel_wing_stripes(p):
 
 
 def raider_stripes(p):
-    """A jagged bolt along the flanks, and a nose dipped in paint."""
-    z, y = p[..., 2], p[..., 1]
-    bolt = stripe(y + 0.35 * np.abs((z / 1.7) % 2 - 1), 0.28, 0.52) * stripe(z, -8.5, 6.5)
-    return np.clip(bolt + stripe(z, 9.6, 10.4), 0, 1)
+    """A jaw of teeth along the shell's edge, and two bars across its back."""
+    z, y, x = p[..., 2], p[..., 1], _abs_x(p)
+    teeth = stripe(y - 0.45 * np.abs((z / 0.9) % 2 - 1), -0.75, -0.3) * stripe(z, 1.0, 9.0) * smoothstep(0.5, 0.7, x)
+    bars = (stripe(z - 0.5 * x, -6.6, -5.7) + stripe(z - 0.5 * x, -5.3, -5.0)) * smoothstep(0.6, 0.9, y)
+    return np.clip(teeth + bars + stripe(y, 3.2, 3.9) * smoothstep(2.6, 2.8, x), 0, 1)
+
+
+def raider_second(p):
+    return np.clip(stripe(p[..., 2], -4.2, 1.2) * stripe(_abs_x(p), 1.5, 3.2) * smoothstep(0.7, 1.0, p[..., 1])
+                   + smoothstep(-0.55, -0.75, p[..., 1]), 0, 1)
 
 
 def raider_wing_stripes(p):
-    x, z = _abs_x(p), p[..., 2]
-    return np.clip(sum(stripe(x + 0.5 * z, s, s + 0.4) for s in (1.6, 2.4, 3.2)) * stripe(x, 3.8, 8.6), 0, 1)
+    x, y = _abs_x(p), p[..., 1]
+    return np.clip(stripe(x, 4.4, 5.1) * smoothstep(-0.6, -0.2, y) + stripe(y, -2.4, -1.9) + stripe(y, -3.1, -2.9), 0, 1)
+
+
+def mace_second(p):
+    z, y = p[..., 2], p[..., 1]
+    return np.clip(stripe(z, -7.6, -4.4) + smoothstep(-1.0, -1.2, y), 0, 1)
+
+
+def mace_stripes(p):
+    """Hazard bars behind the tubes and a broad band round each boom."""
+    z, y, x = p[..., 2], p[..., 1], _abs_x(p)
+    hazard = stripe((z + y) % 1.1, 0.0, 0.55, 0.04) * stripe(z, 6.2, 7.2) * smoothstep(2.9, 3.1, x)
+    return np.clip(hazard + stripe(z, -9.6, -8.6) * smoothstep(2.9, 3.1, x) + stripe(y, 3.6, 4.3) * smoothstep(1.6, 1.4, x)
+                   + stripe(z, 3.6, 4.0) * smoothstep(2.6, 2.4, x), 0, 1)
+
+
+def mace_wing_stripes(p):
+    x = _abs_x(p)
+    return np.clip(stripe(x, 3.4, 4.3) + stripe(x, 2.9, 3.1), 0, 1)
 
 
 def sting_stripes(p):
@@ -375,11 +475,14 @@ MODELS = {
                      dict(seed=11, second=kestrel_second, stripes=kestrel_stripes, soot=soot_behind(-8.2, -11.5), plate=2.0)),
     "kestrel_wing": (kestrel_wing, 512, "player",
                      dict(seed=23, second=kestrel_wing_second, stripes=kestrel_wing_stripes, plate=1.8)),
-    "raider_hull": (kestrel_hull, 1024, "raider",
-                    dict(seed=13, second=kestrel_second, stripes=raider_stripes, soot=soot_behind(-7.0, -11.0), plate=1.7)),
-    "raider_wing": (kestrel_wing, 512, "raider",
-                    dict(seed=29, second=kestrel_wing_second, stripes=raider_wing_stripes, plate=1.5)),
+    "raider_hull": (raider_hull, 1024, "enemy",
+                    dict(seed=13, second=raider_second, stripes=raider_stripes, soot=soot_behind(-6.6, -9.6), plate=1.8)),
+    "raider_wing": (raider_wing, 512, "enemy", dict(seed=29, stripes=raider_wing_stripes, plate=1.6)),
+    "mace_hull": (mace_hull, 1024, "enemy",
+                  dict(seed=131, second=mace_second, stripes=mace_stripes, soot=soot_behind(-10.5, -14.0), plate=2.1)),
+    "mace_wing": (mace_wing, 512, "enemy", dict(seed=137, stripes=mace_wing_stripes, plate=1.8)),
     "light_cannon": (light_cannon, 256, "player", dict(seed=31, soot=gun_soot, plate=0.9)),
+    "claw_cannon": (light_cannon, 256, "enemy", dict(seed=37, soot=gun_soot, plate=0.9)),
     "sting_hull": (sting_hull, 1024, "enemy",
                    dict(seed=41, second=sting_second, stripes=sting_stripes, soot=soot_behind(-5.0, -9.0), plate=1.7)),
     "sting_wing": (sting_wing, 512, "enemy", dict(seed=53, stripes=sting_wing_stripes, plate=1.4)),
@@ -391,6 +494,7 @@ MODELS = {
     "heavy_turret": (heavy_turret, 256, "enemy", dict(seed=97, soot=gun_soot, plate=1.0)),
     "torpedo_rack": (torpedo_rack, 128, "player", dict(seed=107, plate=0.8)),
     "torpedo_launcher": (torpedo_launcher, 256, "player", dict(seed=109, plate=0.9)),
+    "maul_launcher": (torpedo_launcher, 256, "enemy", dict(seed=113, plate=0.9)),
     "engine": (engine_block, 128, "player", dict(seed=101, plate=1.0)),
 }
-MIRRORED = ("kestrel_wing", "raider_wing", "sting_wing", "anvil_wing")  # modelled as left ones; the right ones are mirrored
+MIRRORED = ("kestrel_wing", "raider_wing", "sting_wing", "mace_wing", "anvil_wing")  # modelled as left ones; the right ones are mirrored

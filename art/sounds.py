@@ -113,23 +113,27 @@ def torpedo_blast():
 
 
 def torpedo_launch():
-    """A clank of the tube, then the motor: a rush that climbs and draws away."""
-    t = _time(1.1)
+    """A clank of the tube, then the motor: a rush that climbs and draws away. Saturated, so that the
+    motor holds its own against the clank."""
+    t = _time(1.25)
     clank = sum(np.sin(2 * np.pi * f * t) * np.exp(-t * d) for f, d in ((183, 30), (412, 38), (977, 55))) * 0.5
     lit = 1 - np.exp(-np.maximum(t - 0.05, 0) * 28)
     rush = _hiss(len(t), 97, 500, 4200) * lit * np.exp(-t * 2.6) * 1.3
     whine = _sweep(240 + 620 * (1 - np.exp(-t * 3.2))) * lit * np.exp(-t * 3.4) * 0.4
     push = _sweep(52 + 40 * np.exp(-t * 12)) * np.exp(-t * 5)
-    return _shaped(clank + rush + whine + push, 0.002, 0.8)
+    return _shaped(np.tanh(1.7 * (clank + rush + whine + push)) * np.exp(-np.maximum(t - 0.9, 0) * 9), 0.002, 0.8)
 
 
 def click():
-    """An empty tube: a dry double tick."""
+    """An empty tube: a dry double tick, with a little grit in it."""
     t = _time(0.12)
     out = np.zeros_like(t)
+    grit = _hiss(len(t), 101, 1800, 6000)
     for at, power, f in ((0.0, 1.0, 1900), (0.045, 0.7, 1450)):
         since = np.maximum(t - at, 0)
-        out += power * (t >= at) * np.exp(-since * 210) * (np.sin(2 * np.pi * f * since) + 0.6 * np.sin(2 * np.pi * 2.7 * f * since))
+        ring = np.sin(2 * np.pi * f * since) + 0.6 * np.sin(2 * np.pi * 2.7 * f * since)
+        knock = np.sin(2 * np.pi * 0.16 * f * since) * np.exp(-since * 40)
+        out += power * (t >= at) * np.exp(-since * 170) * (ring + 0.8 * knock + 0.5 * grit) * (1 - np.exp(-since * 4000))
     return _shaped(out, 0.0008, 0.6)
 
 

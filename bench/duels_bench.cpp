@@ -1,22 +1,15 @@
+#include "bench/fighters.h"
 #include "game/galaxy.h"
-#include "game/game_object.h"
 #include "game/moving_game_object.h"
-#include "game/part_store.h"
+#include "tests/support/silence.h"
 #include "tests/support/sprites.h"
 #include "tests/support/temp_dir.h"
-#include "xml/xml_element.h"
-#include "xml/xml_parser.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
-#include <iostream>
-#include <iterator>
-#include <map>
 #include <random>
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -31,64 +24,19 @@ constexpr int frame_time = 20;             // milliseconds
 constexpr int time_limit = 3 * 60 * 1000;  // milliseconds
 constexpr float start_distance = 600;      // world units, within the reach of every radar
 
-const std::string game_file = "../data/game.xml";
-
-/// Nothing is printed while it lives.
-struct Silence {
-    Silence() { std::cout.setstate(std::ios::failbit); }
-    ~Silence() { std::cout.clear(); }
-    Silence(const Silence&) = delete;
-    Silence& operator=(const Silence&) = delete;
-};
-
 struct Arena : Galaxy {
     using Galaxy::detectCollisions, Galaxy::Galaxy, Galaxy::update;
 };
 
-std::string readGame() {
-    std::ifstream file(game_file);
-    return {std::istreambuf_iterator(file), {}};
-}
-
-/// The kinds of ship that carry weapons, by the name of their hull: one element for each.
-std::map<std::string, std::string> findKinds(const std::string& game) {
-    static const std::regex ship("<Starship [^]*?</Starship>"), hull("hull=\"([^\"]*)\"");
-    std::map<std::string, std::string> kinds;
-    for (std::sregex_iterator found(game.begin(), game.end(), ship), end; found != end; ++found) {
-        const std::string text = found->str();
-        std::smatch name;
-        if (text.find("<CannonConfig") != text.npos && std::regex_search(text, name, hull))
-            kinds.emplace(name[1], text);
-    }
-    return kinds;
-}
-
-/// The ship with that id, flown by a pilot whose only target is `opponent`.
-std::string makeDuellist(const std::string& ship, int id, int opponent) {
-    static const std::regex number(" id=\"\\d+\""),
-        control("<(User|AI\\w*)Control[^>]*/>|<AIControl>[^]*</AIControl>");
-    const std::string pilot =
-        "<AIControl><IdleModule tolerance='50'><Way speed='50' point='P(0|0|0)'/></IdleModule>"
-        "<TacticalModule/><DefenseModule/><AttackModule/><AITarget id='" +
-        std::to_string(opponent) + "'/></AIControl>";
-    const std::string numbered = std::regex_replace(
-        ship, number, " id='" + std::to_string(id) + "'", std::regex_constants::format_first_only);
-    return std::regex_replace(numbered, control, pilot);
-}
-
-/// An otherwise empty galaxy of the game with two ships of one kind.
+/// An otherwise empty galaxy of the game with two ships of one kind, each the other's only target.
 std::string makeArena(const std::string& game, const std::string& ship) {
-    static const std::regex galaxy("<Galaxy [^>]*>");
-    std::smatch head;
-    std::regex_search(game, head, galaxy);
-    return "<!DOCTYPE Duel>" + head.str() + makeDuellist(ship, 1, 2) + makeDuellist(ship, 2, 1) +
-           "</Galaxy>";
-}
-
-XMLElement findChild(const XMLElement& parent, const std::string& name) {
-    XMLElement child = parent.getFirstChild();
-    while (!child.isNull() && child.getName() != name) child = child.getNext();
-    return child;
+    const auto makeDuellist = [&](int id, int opponent) {
+        const std::string pilot =
+            fighters::makePilot("<NavEntry speed='50' point='P(0|0|0)'/>",
+                                "<AITarget id='" + std::to_string(opponent) + "'/>");
+        return fighters::makeShip(ship, id, pilot);
+    };
+    return fighters::makeGalaxy(game, makeDuellist(1, 2) + makeDuellist(2, 1));
 }
 
 /// Puts a ship at `place`, looking anywhere.
@@ -126,10 +74,9 @@ Outcome fight(const XMLElement& element, unsigned seed) {
 void duels(benchmark::State& state) {
     const Silence silence;
     sprites::registerExplosions();
-    const XMLParser parser(game_file);
-    PartStore::getInstance()->load(findChild(parser.getRootElement(), "PartSection"));
-    const std::string game = readGame();
-    const auto kinds = findKinds(game);
+    fighters::loadParts();
+    const std::string game = fighters::readGame();
+    const auto kinds = fighters::findKinds(game);
     const auto& [hull, ship] = *std::next(kinds.begin(), state.range(0));
     const TempDir dir;
     const XMLParser arena(dir.write("arena.xml", makeArena(game, ship)));
@@ -152,7 +99,7 @@ void duels(benchmark::State& state) {
     state.counters["longest"] = outcomes.back().seconds;
 }
 BENCHMARK(duels)
-    ->DenseRange(0, static_cast<int>(findKinds(readGame()).size()) - 1)
+    ->DenseRange(0, static_cast<int>(fighters::findKinds(fighters::readGame()).size()) - 1)
     ->Iterations(1)
     ->Unit(benchmark::kSecond);
 

@@ -1,5 +1,6 @@
 #include "3d/font_factory.h"
 #include "3d/point.h"
+#include "bench/fighters.h"
 #include "game/camera_management.h"
 #include "game/galaxy.h"
 #include "game/part_store.h"
@@ -38,12 +39,6 @@ public:
     using Galaxy::update;
 };
 
-XMLElement findChild(const XMLElement& parent, const std::string& name) {
-    XMLElement child = parent.getFirstChild();
-    while (!child.isNull() && child.getName() != name) child = child.getNext();
-    return child;
-}
-
 /// The shipped galaxy with more ships, in ranks ahead of the player's.
 class Fleet {
 public:
@@ -51,11 +46,12 @@ public:
         window();
         const Capture silence(std::cout);
         const XMLElement root = parser.getRootElement();
-        FontFactory::getInstance()->load(findChild(root, "Fonts"));
-        PartStore::getInstance()->load(findChild(root, "PartSection"));
-        const XMLElement ship = findChild(root, "Starship");
-        const XMLElement universe = findChild(findChild(root, "WorldSection"), "Universe");
-        galaxy = std::make_unique<FleetGalaxy>(findChild(universe, "Galaxy"), nullptr);
+        FontFactory::getInstance()->load(fighters::findChild(root, "Fonts"));
+        PartStore::getInstance()->load(fighters::findChild(root, "PartSection"));
+        const XMLElement ship = fighters::findChild(root, "Starship");
+        const XMLElement universe =
+            fighters::findChild(fighters::findChild(root, "WorldSection"), "Universe");
+        galaxy = std::make_unique<FleetGalaxy>(fighters::findChild(universe, "Galaxy"), nullptr);
         for (int i = 0; i < ships; ++i) galaxy->add(makeShip(ship, i));
         player = std::make_unique<Starship>(ship);
         player->setPosition(Point4(0, 0, -100, 1));

@@ -1,24 +1,11 @@
 #include "game/part_store.h"
 #include "game/wing.h"
 #include "tests/support/ship_yard.h"
+#include "tests/support/silence.h"
 
 #include <benchmark/benchmark.h>
 
-#include <iostream>
-
 namespace {
-
-/// Keeps the log lines of the ships away from the results.
-class Silence {
-public:
-    Silence() : original(std::cout.rdbuf(nullptr)) {}
-    ~Silence() { std::cout.rdbuf(original); }
-    Silence(const Silence&) = delete;
-    Silence& operator=(const Silence&) = delete;
-
-private:
-    std::streambuf* original;
-};
 
 /// A ship with two wings and two cannons: from its element to ready for flight, and its end.
 void buildShip(benchmark::State& state) {

@@ -36,7 +36,7 @@ _3DObject::_3DObject(MTLenum m1, MTLenum m2, BOUNDINGenum b)
       displayList(glGenLists(num_draw_modes)) {}
 
 _3DObject::~_3DObject() {
-    glDeleteLists(displayList, num_draw_modes);
+    if (displayList != 0) glDeleteLists(displayList, num_draw_modes);
 }
 
 void _3DObject::draw(DRWenum type) const {

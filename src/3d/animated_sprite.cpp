@@ -96,10 +96,10 @@ void AnimatedSprite::setDuration(int d) {
 
 void AnimatedSprite::setFrameTime(float t) {
     frame_time = t;
-    duration = wholeTime(static_cast<double>(num_frames) * t);
+    duration = wholeTime(static_cast<float>(num_frames) * t);
 }
 
 void AnimatedSprite::setFPS(float f) {
     frame_time = 1 / f;
-    duration = wholeTime(static_cast<double>(num_frames) / f);
+    duration = wholeTime(static_cast<float>(num_frames) / f);
 }

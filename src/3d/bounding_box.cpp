@@ -32,18 +32,19 @@ constexpr float face_corners[6][4][3] = {
 BoundingBox::BoundingBox(const Point4& c, const Vector4& vvx, const Vector4& vvy,
                          const Vector4& vvz)
     : _BoundingObject(c, BOUNDING_BOX), vx(vvx), vy(vvy), vz(vvz) {
-    buildPlanes();
+    planes_stale = true;
 }
 
 BoundingBox::BoundingBox(const _BoundingObject& b) : BoundingBox(asBox(b)) {}
 
 void BoundingBox::setCenter(const Point4& c) {
     _BoundingObject::setCenter(c);
-    buildPlanes();
+    planes_stale = true;
 }
 
 bool BoundingBox::isIntersected(const Point4& p) const {
     if (getDistance(p) > getRadius()) return false;
+    if (planes_stale) buildPlanes();
     return xy_front.isInside(p) && xy_back.isInside(p) && yz_left.isInside(p) &&
            yz_right.isInside(p) && xz_top.isInside(p) && xz_bottom.isInside(p);
 }
@@ -101,7 +102,7 @@ void BoundingBox::transform(const Point4& pos, const Vector4& dir, const Vector4
     vy ^= turn;
     vz ^= turn;
     center += Vector4(pos);
-    buildPlanes();
+    planes_stale = true;
 }
 
 BoundingBox& BoundingBox::operator*=(const Matrix4& m) {
@@ -109,7 +110,7 @@ BoundingBox& BoundingBox::operator*=(const Matrix4& m) {
     vy *= m;
     vz *= m;
     center *= m;
-    buildPlanes();
+    planes_stale = true;
     return *this;
 }
 
@@ -124,7 +125,7 @@ BoundingBox& BoundingBox::operator+=(const BoundingBox& b) {
     vx = Vector4(high.x - center.x, 0, 0, 1);
     vy = Vector4(0, high.y - center.y, 0, 1);
     vz = Vector4(0, 0, high.z - center.z, 1);
-    buildPlanes();
+    planes_stale = true;
     return *this;
 }
 
@@ -134,7 +135,8 @@ Vector4 BoundingBox::extent() const {
             std::fabs(vx.z) + std::fabs(vy.z) + std::fabs(vz.z), 1};
 }
 
-void BoundingBox::buildPlanes() {
+void BoundingBox::buildPlanes() const {
+    planes_stale = false;
     xy_front = Plane(center + vz, Vector4() - vz);
     xy_back = Plane(center - vz, vz);
     yz_left = Plane(center - vx, vx);

@@ -61,10 +61,12 @@ private:
     Vector4 extent() const;
 
     /// Raises the faces on the present centre and half-axes.
-    void buildPlanes();
+    void buildPlanes() const;
 
     Vector4 vx, vy, vz;
-    Plane xy_front, xy_back, yz_left, yz_right, xz_top, xz_bottom;
+    mutable Plane xy_front, xy_back, yz_left, yz_right, xz_top, xz_bottom;
+    /// The box has moved since the planes were built. Most boxes move on before a point is tested.
+    mutable bool planes_stale = false;
 };
 
 inline BoundingBox operator*(BoundingBox b, const Matrix4& m) {

@@ -2,8 +2,6 @@
 
 #include "3d/util3d.h"
 
-#include <GL/glu.h>
-
 namespace {
 
 constexpr float field_of_view = 60;  // degrees, vertical
@@ -42,11 +40,7 @@ void Camera::rotateZ(float phi) {
 }
 
 void Camera::activate() const {
-    glMatrixMode(GL_MODELVIEW);
-    glLoadIdentity();
-    gluLookAt(position.x, position.y, position.z, target.x, target.y, target.z, up.x, up.y, up.z);
-    updateMatrix();
-    updateFrustum();
+    lookAt(position, target, up);
 }
 
 std::ostream& operator<<(std::ostream& out, const Camera& camera) {

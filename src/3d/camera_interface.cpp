@@ -1,6 +1,7 @@
 #include "3d/camera_interface.h"
 
 #include "3d/opengl.h"
+#include "3d/vector.h"
 
 #include <GL/glu.h>
 
@@ -19,6 +20,14 @@ void _CameraInterface::setAspectRatio(float a) {
 void _CameraInterface::zoom(float f) {
     fovy *= 1 - f / 100;
     loadProjection();
+}
+
+void _CameraInterface::lookAt(const Point4& eye, const Point4& target, const Vector4& up) const {
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    gluLookAt(eye.x, eye.y, eye.z, target.x, target.y, target.z, up.x, up.y, up.z);
+    updateMatrix();
+    updateFrustum();
 }
 
 void _CameraInterface::updateMatrix() const {

@@ -14,7 +14,7 @@ public:
     virtual ~_CameraInterface();
 
     virtual Point4 getPosition() const = 0;
-    /// Loads the view. Every implementation ends with updateMatrix() and updateFrustum().
+    /// Loads the view, by lookAt() in all implementations.
     virtual void activate() const = 0;
 
     /// What the camera sees, and the view matrix, both as of the last activation.
@@ -33,6 +33,8 @@ protected:
     _CameraInterface(const _CameraInterface&) = default;
     _CameraInterface& operator=(const _CameraInterface&) = default;
 
+    /// Loads the view from `eye` to `target` with `up` as what is up, and keeps what is seen.
+    void lookAt(const Point4& eye, const Point4& target, const Vector4& up) const;
     void updateMatrix() const;
     void updateFrustum() const { frustum.update(); }
 

@@ -49,6 +49,10 @@ Texture::Texture(const Texture& other)
         tmp = TextureFactory::getInstance()->getTexObjectFromFramebuffer(0, 0, 0, 0);
 }
 
+Texture::~Texture() {
+    if (isFromFrameBuffer()) TextureFactory::getInstance()->deleteTexObject(tmp);
+}
+
 void Texture::grabFrameBuffer(unsigned int x, unsigned int y, unsigned int w, unsigned int h) {
     TextureFactory* factory = TextureFactory::getInstance();
     factory->deleteTexObject(tex_obj);

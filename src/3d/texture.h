@@ -6,9 +6,8 @@
 #include <string>
 
 /// A light handle on a picture in OpenGL: how it is combined with the colour below it, and how it
-/// is tiled and shifted. Any number of textures may stand on one picture file; the OpenGL object
-/// itself is shared through the texture factory and survives them all. Needs an OpenGL context from
-/// its construction on.
+/// is tiled and shifted. Any number of textures may stand on one picture file: they share its OpenGL
+/// object, which the texture factory keeps. Needs an OpenGL context from its construction on.
 class Texture {
 public:
     /// The picture in file `f`; `te` is one of GL_DECAL, GL_REPLACE, GL_BLEND and GL_MODULATE. With
@@ -21,7 +20,9 @@ public:
     /// so that neither can take the other's picture away.
     Texture(const Texture& other);
     Texture& operator=(const Texture&) = delete;
-    ~Texture() = default;
+    /// The picture of a file stays with the factory; a part of the frame buffer goes with its
+    /// texture.
+    ~Texture();
 
     /// Replaces the picture by a copy of this rectangle of the frame buffer, in pixels from the
     /// lower left corner.

@@ -38,6 +38,13 @@ angle_t angle(const Vector4& a, const Vector4& b) {
     return result;
 }
 
+// The world axis that leads away from it most decides.
+Vector4 perpendicular(const Vector4& v) {
+    const float x = std::fabs(v.x), y = std::fabs(v.y), z = std::fabs(v.z);
+    if (x <= y && x <= z) return v ^ Vector4(1, 0, 0, 1);
+    return v ^ (y <= z ? Vector4(0, 1, 0, 1) : Vector4(0, 0, 1, 1));
+}
+
 void rotateY(float* vec, float phi) {
     if (!vec) throw Exception("util3d::rotateY: null pointer");
     const Vector4 turned = Vector4(vec[0], vec[1], vec[2], 1).rotateY(phi);

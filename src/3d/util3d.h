@@ -42,6 +42,9 @@ float angle(const Vector2& a, const Vector2& b);
 /// has no length. A plane in which a vector has no extent has no angle: its value is NaN.
 angle_t angle(const Vector4& a, const Vector4& b);
 
+/// Some direction at right angles to `v`; it has no length where `v` has none.
+Vector4 perpendicular(const Vector4& v);
+
 /// Turns three floats about the y axis. Throws Exception for a null pointer.
 void rotateY(float* vec, float phi);
 

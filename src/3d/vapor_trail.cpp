@@ -80,7 +80,7 @@ void VaporTrail::update(unsigned int timediff) {
         effect.color.setAlpha(effect.color.getAlpha() - effect.alpha_factor * passed);
         effect.size += effect.y_factor * passed;
         effect.life -= step;
-        effect.tmp += step;
+        effect.tmp += std::min(step, std::numeric_limits<int>::max() - effect.tmp);
         if (effect.tmp < effect.time_diff) continue;
         effect.tmp -= effect.time_diff;
         effect.draw = true;

@@ -134,6 +134,7 @@ void _3D_Rep::explode() {
     const double share = shortest_share + share_range * randomFraction();
     explosion->setDuration(static_cast<int>(explosion->getDuration() * share));
     resetStarshipControl();
+    if (b_obj) soundExplosion(getPosition(), b_obj->getRadius());
 }
 
 bool _3D_Rep::isPerhapsHit(const _BoundingObject& object, float& damage) {

@@ -14,7 +14,6 @@
 namespace {
 
 constexpr int num_types = 4;
-constexpr int num_positions = 4;
 constexpr float explosion_distance = 20;  // sizes of the object that blows up
 
 void report(const char* text) {
@@ -74,7 +73,7 @@ void CameraManagement::putCamera(camobj_t& set, CAMPOSenum pos, _GameCameraInter
 camobj_t* CameraManagement::registerCamera(CAMTYPEenum type, CAMPOSenum pos, GameCamera* cam) {
     if (!cam) throw Exception("CameraManagement::registerCamera: null pointer");
 
-    camobj_t set{std::vector<_GameCameraInterface*>(num_positions)};
+    camobj_t set{std::vector<_GameCameraInterface*>(num_camera_positions)};
     set.cams.at(pos) = cam;
     cameras.at(type).push_front(set);
     return &cameras[type].front();
@@ -90,7 +89,7 @@ void CameraManagement::unregisterCamera(CAMTYPEenum type, const camobj_t& obj, C
     const auto set = sets ? std::find(sets->begin(), sets->end(), obj) : set_list::iterator();
     if (!sets || set == sets->end()) return report("unregisterCamera: no such camobj_t");
 
-    for (int i = 0; i < num_positions; ++i)
+    for (int i = 0; i < num_camera_positions; ++i)
         if (pos == CPOS_ALL || pos == i) putCamera(*set, static_cast<CAMPOSenum>(i), nullptr);
     if (isEmpty(*set)) sets->erase(set);
 }

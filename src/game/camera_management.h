@@ -27,6 +27,9 @@ enum CAMPOSenum {
     CPOS_BACK = 3,
 };
 
+/// The length of every camera set.
+constexpr int num_camera_positions = 4;
+
 /// The ways in which the player walks from camera to camera.
 enum CAMCHANGEenum {
     CHG_NEXT_RELATED_OBJECT = 0,
@@ -41,8 +44,8 @@ enum CAMCHANGEenum {
     CHG_CURR_BACK = 9,
 };
 
-/// One object's cameras, indexed by CAMPOSenum: four entries, null where the object has none.
-/// The object owns the cameras.
+/// One object's cameras, indexed by CAMPOSenum: an entry for each, null where the object has no
+/// camera. The object owns the cameras.
 struct camobj_t {
     std::vector<_GameCameraInterface*> cams;
 

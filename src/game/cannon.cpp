@@ -1,5 +1,6 @@
 #include "game/cannon.h"
 
+#include "game/game_sound.h"
 #include "game/laser.h"
 #include "game/reactor.h"
 #include "game/starship.h"
@@ -9,6 +10,7 @@ namespace {
 
 constexpr float muzzle_distance = 25;  // a shot starts clear of the cannon's own ship
 constexpr float laser_speed = 350;     // world units per second
+constexpr short shot_loudness = 100;
 
 }  // namespace
 
@@ -30,6 +32,9 @@ Laser* Cannon::fire() {
 
     const auto shot_power = static_cast<float>(getPower());
     const float laser_power = parent_ship->getReactor()->drawPower(shot_power, shot_power);
+    if (laser_power > 0) {
+        GameSound::getInstance()->playSound(SND_WEAPONFIRE, sound_file, pos, shot_loudness, 0);
+    }
     const float energy = static_cast<float>(efficiency) * laser_power / 1000;
     return new Laser(nullptr, energy, pos, direction, placement.getY(), laser_speed);
 }

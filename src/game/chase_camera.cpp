@@ -1,10 +1,9 @@
 #include "game/chase_camera.h"
 
+#include "3d/util3d.h"
 #include "game/game_object.h"
 #include "main/exception.h"
 #include "main/log_factory.h"
-
-#include <GL/glu.h>
 
 #include <iostream>
 
@@ -12,12 +11,12 @@ namespace {
 
 constexpr float no_length = 1e-6f;
 
-/// The view straight along the up vector needs another: any that crosses it.
+/// The view straight along the up vector needs another.
 Vector4 upFor(const Vector4& view, const Vector4& up) {
     Vector4 along = view;
     Vector4 upright = up;
     if ((along.normalize() ^ upright.normalize()).getLength() > no_length) return up;
-    return Vector4(along.y, along.z, along.x, 1);
+    return util3d::perpendicular(along);
 }
 
 }  // namespace
@@ -51,10 +50,5 @@ void ChaseCamera::activate() const {
     Vector4 side = seen ^ c_up;
     if (side.getLength() > 0) c_up = side.normalize() ^ seen;
 
-    const Vector4 upright = upFor(getOrientation(), c_up);
-    glMatrixMode(GL_MODELVIEW);
-    glLoadIdentity();
-    gluLookAt(c_pos.x, c_pos.y, c_pos.z, seen.x, seen.y, seen.z, upright.x, upright.y, upright.z);
-    updateMatrix();
-    updateFrustum();
+    lookAt(c_pos, getTarget(), upFor(getOrientation(), c_up));
 }

@@ -16,7 +16,7 @@ Engine::Engine(const XMLElement& node) : _StarshipPart(PRT_ENGINE), _3D_Rep(SLOT
                                             BOUNDING_BOX, false));
     setResistance(static_cast<float>(node.getAttributeAsInt("resistance", 10)));
     efficiency = readNumber(node, "efficiency", 1);
-    v_max = static_cast<unsigned long>(readInt(node, "v_max"));
+    v_max = static_cast<unsigned long>(readInt(node, "v_max", 1));
     a_max = static_cast<unsigned long>(readInt(node, "a_max"));
     sound = node.getAttributeAsString("file");
     cost = 10 * static_cast<float>(v_max) / static_cast<float>(efficiency);

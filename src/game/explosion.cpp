@@ -4,9 +4,12 @@
 #include "3d/matrix.h"
 #include "game/camera_management.h"
 #include "game/game_camera_interface.h"
+#include "game/game_sound.h"
 
 #include <GL/gl.h>
 
+#include <algorithm>
+#include <limits>
 #include <optional>
 
 namespace {
@@ -58,4 +61,13 @@ void drawPartExplosion(const AnimatedSprite& sprite, const Point4& pos, float si
     glLoadMatrixf((*frame * camera->getMatrix()).getFloatp());
     drawScaled(sprite, size);
     glPopMatrix();
+}
+
+void soundExplosion(const Point4& pos, float radius) {
+    constexpr int loudness_by_radius = 4;
+    constexpr short loudest = std::numeric_limits<short>::max();
+    const int whole_radius = static_cast<int>(std::min<float>(loudest, radius));
+    const int loudness = std::min<int>(loudness_by_radius * whole_radius, loudest);
+    GameSound::getInstance()->playSound(SND_EXPLOSION, "../data/explosion.wav", pos,
+                                        static_cast<short>(loudness), 0);
 }

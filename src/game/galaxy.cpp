@@ -9,16 +9,22 @@
 #include "3d/space_bg.h"
 #include "3d/vapor_trail.h"
 #include "game/camera_management.h"
+#include "game/cockpit.h"
 #include "game/control.h"
+#include "game/engine.h"
 #include "game/game_camera_interface.h"
 #include "game/game_event.h"
 #include "game/game_object.h"
+#include "game/game_sound.h"
 #include "game/hit_test.h"
+#include "game/hull.h"
 #include "game/laser.h"
+#include "game/mfd.h"
 #include "game/part_store.h"
 #include "game/planet.h"
 #include "game/shield.h"
 #include "game/starship.h"
+#include "game/story_teller.h"
 #include "game/torpedo.h"
 #include "main/exception.h"
 #include "main/joystick.h"
@@ -31,7 +37,6 @@
 #include <algorithm>
 #include <array>
 #include <iostream>
-#include <limits>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -109,6 +114,19 @@ void turnCamera(SDLKey key) {
     if (entry && camera) (camera->*entry->turn)(entry->degrees);
 }
 
+/// Shows the next page on the ship's first display, if it has one.
+void turnPage(const Starship& ship) {
+    if (const Mfd* display = ship.getHull()->getCockpit()->getMFD(0)) display->nextClient();
+}
+
+/// Shows the instruments of the ship that the camera rides on, if it rides on one.
+void drawCockpit(DRWenum mode) {
+    const _GameCameraInterface* camera = CameraManagement::getInstance()->getCurrentCamera();
+    const _GameObject* object = camera ? camera->getGameObject() : nullptr;
+    if (const auto* ship = dynamic_cast<const Starship*>(object))
+        ship->getHull()->getCockpit()->draw(mode);
+}
+
 bool isInView(const _GameObject& object, const Frustum& frustum) {
     const _BoundingObject& bounds = object.getBoundingObject();
     return bounds.getType() == BOUNDING_BOX
@@ -130,8 +148,21 @@ Object& as(const ObjectSlot& slot) {
     return static_cast<Object&>(**slot);
 }
 
+/// Lets the story of the level know, if it has one.
+void tellStory(ST_EVENTenum event, int id) {
+    if (StoryTeller* story = StoryTeller::getInstance())
+        story->sendEvent(event, static_cast<unsigned int>(id));
+}
+
 bool touches(const ObjectSlot& object, const ObjectSlot& other) {
     return isHit((*object)->getBoundingObject(), (*other)->getBoundingObject());
+}
+
+/// How far from its position a ship can touch a planet, wherever its bounds were last built: it may
+/// have taken off from another planet in the same pass.
+float findReach(const Starship& ship) {
+    const std::unique_ptr<const _BoundingObject> bounds(ship.computeBoundingObject());
+    return bounds->getDistance(Point4()) + bounds->getRadius();
 }
 
 std::unique_ptr<SpaceBG> makeBackground(const XMLElement& node) {
@@ -176,6 +207,7 @@ Galaxy::Galaxy(const XMLElement& root_node, Game* g) : Galaxy(g) {
 }
 
 Galaxy::~Galaxy() {
+    stopEngineLoop();
     for (const auto& [id, slot] : objects)
         if (*slot) remove(slot);
     if (player_starship) forget(*player_starship);  // it was refused, and never stored
@@ -207,6 +239,12 @@ void Galaxy::remove(const ObjectSlot& slot) {
     forget(**slot);
 }
 
+void Galaxy::lose(const ObjectSlot& ship) {
+    const int id = (*ship)->getId();
+    remove(ship);
+    tellStory(DESTROYED, id);
+}
+
 void Galaxy::forget(_GameObject& object) {
     const auto entry = objects.find(object.getId());
     if (entry != objects.end() && *entry->second == &object) *entry->second = nullptr;
@@ -223,14 +261,15 @@ ObjectSlot Galaxy::getObjectById(int i) const {
 ObjectSlot Galaxy::getObjectByLine(const _GameObject* ego, const Point4& start,
                                    const Point4& end) const {
     const ObjectGrid::Entry* nearest = nullptr;
-    float nearest_distance = std::numeric_limits<float>::infinity();
+    float nearest_distance = 0;
     grid.findAlong(start, end, along_line);
     for (const ObjectGrid::Entry* entry : along_line) {
         if (entry->object == ego) continue;
 
         const float distance = Vector4(start, entry->object->getPosition()).getLength();
-        const bool nearer = distance < nearest_distance ||
-                            (nearest && distance == nearest_distance && entry->id < nearest->id);
+        // A distance may be beyond all numbers: then, too, somebody is hit.
+        const bool nearer = !nearest || distance < nearest_distance ||
+                            (!(distance > nearest_distance) && entry->id < nearest->id);
         if (nearer && entry->object->getBoundingSphere().isIntersected(start, end)) {
             nearest = entry;
             nearest_distance = distance;
@@ -264,7 +303,7 @@ void Galaxy::updateObject(const ObjectSlot& slot, int timediff) {
         remove(slot);
     } catch (const StarshipFadedEvent&) {
         if (*slot == player_starship) throw GameOverEvent("");
-        remove(slot);
+        lose(slot);
     }
 }
 
@@ -290,7 +329,7 @@ bool Galaxy::detectCollisions() {
         if (!collide(*pair->first, *pair->second)) continue;
         stop_time = true;
         const bool both_there = **pair->first && **pair->second;
-        if (both_there) near_pairs.restart(objects);  // the player's ship has moved
+        if (both_there) near_pairs.restart();  // the player's ship has moved
     }
     return stop_time;
 }
@@ -348,19 +387,20 @@ bool Galaxy::approachShip(const ObjectSlot& planet, const ObjectSlot& ship) {
     player_starship->setHeading(player_starship->getOrientation());
     player_starship->setVelocity(take_off_velocity);
     player_starship->getControl()->reset();
+    tellStory(LANDED_ON, (*planet)->getId());
     return true;
 }
 
 bool Galaxy::approachPlanet(const ObjectSlot& ship, const ObjectSlot& planet) {
     constexpr float climb = 100;
     if (!touches(ship, planet)) return false;
-    land(ship, as<Planet>(planet), climb);
+    if (land(ship, as<Planet>(planet), climb)) tellStory(LANDED_ON, (*planet)->getId());
     return true;
 }
 
 bool Galaxy::land(const ObjectSlot& ship, const Planet& planet, float climb) {
     if (*ship != player_starship) {
-        remove(ship);
+        lose(ship);
         return false;
     }
     planet.run();
@@ -373,7 +413,7 @@ void Galaxy::takeOff(const Planet& planet, float climb) {
     Vector4 away(planet.getPosition(), player_starship->getPosition());
     const float height = away.getLength();
     const float clear_height =
-        NearPairs::findReach(planet) + NearPairs::findReach(*player_starship) + clearance;
+        NearPairs::findReach(planet) + findReach(*player_starship) + clearance;
     if (height == 0) away = player_starship->getOrientation();
 
     player_starship->setOrientation(away.normalize());
@@ -429,17 +469,20 @@ void Galaxy::show() const {
         for (const auto& [id, slot] : objects)
             if (*slot && isInView(**slot, frustum)) (*slot)->draw(mode);
     }
+    drawCockpit(mode);
     gl->endFrame();
 }
 
 LVLenum Galaxy::run(Starship* ps) {
     receive(ps);
+    startEngineLoop(ps->getEngine()->getSound());
     _Control& pilot = *ps->getControl();
     const Joystick* joystick = SDLContext::getInstance()->getJoystick();
     CameraManagement::getInstance()->changeCamera(CHG_PLAYER_STARSHIP);
 
     for (Uint32 start_ticks = SDL_GetTicks();;) {
         if (joystick) joystick->update();
+        muteEngineLoop();
         const int duration = static_cast<int>(SDL_GetTicks() - start_ticks);
 
         SDL_Event event;
@@ -466,6 +509,24 @@ void Galaxy::receive(Starship* ps) {
     if (*getObjectById(ps->getId()) != ps) store(*ps);
 }
 
+void Galaxy::startEngineLoop(const std::string& sound) {
+    constexpr short no_loudness = 0;
+    constexpr int for_ever = -1;
+    stopEngineLoop();
+    const int channel =
+        GameSound::getInstance()->playSound(SND_ENGINE, sound, no_loudness, for_ever);
+    if (channel >= 0) engine_channel = channel;
+}
+
+void Galaxy::muteEngineLoop() const {
+    if (engine_channel) GameSound::getInstance()->setChannelVolume(*engine_channel, 0);
+}
+
+void Galaxy::stopEngineLoop() {
+    if (engine_channel) GameSound::getInstance()->freeChannel(*engine_channel);
+    engine_channel.reset();
+}
+
 std::optional<LVLenum> Galaxy::dispatch(const SDL_Event& event, _Control& pilot) {
     if (event.type == SDL_QUIT) return SYSTEM_EXIT;
     if (event.type != SDL_KEYDOWN) {
@@ -479,6 +540,9 @@ std::optional<LVLenum> Galaxy::dispatch(const SDL_Event& event, _Control& pilot)
     if (pressed.mod != KMOD_NONE) return std::nullopt;
 
     if (pressed.sym == SDLK_ESCAPE) return MENU_ACTIVATION;
-    if (!handleCameraKey(pressed.sym)) pilot.handleEvents(event);
+    if (pressed.sym == SDLK_MINUS)
+        turnPage(*pilot.getParentShip());
+    else if (!handleCameraKey(pressed.sym))
+        pilot.handleEvents(event);
     return std::nullopt;
 }

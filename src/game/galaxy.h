@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <string>
 
 class _Control;
 class _GameObject;
@@ -37,8 +38,9 @@ public:
     Galaxy& operator=(const Galaxy&) = delete;
 
     /// Flies `ps` until the player calls the menu or closes the window. Time does not pass between
-    /// two runs. Throws Exception for a ship without a player at its controls, and GameOverEvent
-    /// when the ship is lost. The ship stays the caller's.
+    /// two runs. Throws Exception for a ship without a player at its controls, GameOverEvent
+    /// when the ship is lost, and LevelEndEvent when the story ends the level. The ship stays the
+    /// caller's.
     LVLenum run(Starship* ps);
 
     /// The slot of the object nearest to `start` among those that the line from `start` to `end`
@@ -66,6 +68,9 @@ protected:
     bool collide(const ObjectSlot& first, const ObjectSlot& second);
     /// Draws one frame.
     void show() const;
+    /// Makes `ps` the ship that is flown, in place of an earlier one. Throws Exception for a ship
+    /// without a player at its controls.
+    void receive(Starship* ps);
     /// Takes an object in under its id. An older object of that id is deleted first.
     void add(std::unique_ptr<_GameObject> object);
 
@@ -80,6 +85,8 @@ private:
     void adopt(_GameObject& object);
     /// Writes null through the slot and deletes what it held, the player's ship excepted.
     void remove(const ObjectSlot& slot);
+    /// Ends a ship and lets the story know. Throws LevelEndEvent when that decides the level.
+    void lose(const ObjectSlot& ship);
     /// Lets go of an object that lives on elsewhere, or that is dying. Its slot reads null.
     void forget(_GameObject& object);
     /// Updates one object and does what it asks for by a thrown event.
@@ -107,15 +114,18 @@ private:
     bool setOffBoth(const ObjectSlot& torpedo, const ObjectSlot& other);
     bool shootDown(const ObjectSlot& torpedo, const ObjectSlot& laser);
 
-    /// Lands the player on the planet; a ship of the computer vanishes there. False when the ship
-    /// does not touch the planet, true also for a ship that has gone.
+    /// Lands the player on the planet that the ship touches, to the take-off; a ship of the computer
+    /// vanishes there. True for the player.
     bool land(const ObjectSlot& ship, const Planet& planet, float climb);
     /// Puts the player's ship `climb` units further out, or further if that is still too near, and
     /// turns it away from the planet.
     void takeOff(const Planet& planet, float climb);
 
-    /// Makes `ps` the ship that is flown, in place of an earlier one.
-    void receive(Starship* ps);
+    /// Starts the loop of the flight's engine in place of that of an earlier flight.
+    void startEngineLoop(const std::string& sound);
+    /// The loop runs silently.
+    void muteEngineLoop() const;
+    void stopEngineLoop();
     /// Acts on one event of the queue. A value ends the flight.
     std::optional<LVLenum> dispatch(const SDL_Event& event, _Control& pilot);
 
@@ -130,4 +140,5 @@ private:
     ParticleGroup* particles = nullptr;  ///< the particle factory owns it
     unsigned int last_laser = 0;
     unsigned int last_torpedo = 0;
+    std::optional<int> engine_channel;  ///< where the engine's loop plays, if it does
 };

@@ -5,8 +5,6 @@
 #include "main/exception.h"
 #include "main/log_factory.h"
 
-#include <GL/glu.h>
-
 #include <cmath>
 #include <iostream>
 
@@ -60,9 +58,6 @@ void GameCamera::activate() const {
         logLine(std::cerr, "ERROR (GAME): ", "GameCamera::activate: must set aspect first");
         return;
     }
-    glMatrixMode(GL_MODELVIEW);
-    glLoadIdentity();
-
     c_pos = placeInWorld();
     const Vector4 side = orientation_ref ^ up_ref;
     Vector4 view = orientation_ref;
@@ -72,13 +67,7 @@ void GameCamera::activate() const {
     // Straight up and down the horizon is where it was on the way there.
     Vector4 horizon = view ^ up_ref;
     if (horizon.getLength() < no_length) horizon = side;
-    const Vector4 upright = horizon.normalize() ^ view;
-
-    const Point4 ahead = c_pos + view;
-    gluLookAt(c_pos.x, c_pos.y, c_pos.z, ahead.x, ahead.y, ahead.z, upright.x, upright.y,
-              upright.z);
-    updateMatrix();
-    updateFrustum();
+    lookAt(c_pos, c_pos + view, horizon.normalize() ^ view);
 }
 
 std::ostream& operator<<(std::ostream& out, const GameCamera& camera) {

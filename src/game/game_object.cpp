@@ -3,6 +3,7 @@
 #include "3d/bounding_box.h"
 #include "3d/bounding_sphere.h"
 #include "3d/matrix.h"
+#include "3d/util3d.h"
 #include "game/galaxy.h"
 #include "game/game_camera.h"
 #include "main/log_factory.h"
@@ -10,19 +11,9 @@
 #include <GL/gl.h>
 
 #include <algorithm>
-#include <cmath>
 #include <iostream>
 
 namespace {
-
-constexpr std::size_t camera_positions = 4;
-
-/// Some direction at right angles to `v`: the world axis that leads away from it most decides.
-Vector4 perpendicular(const Vector4& v) {
-    const float x = std::fabs(v.x), y = std::fabs(v.y), z = std::fabs(v.z);
-    if (x <= y && x <= z) return v ^ Vector4(1, 0, 0, 1);
-    return v ^ (y <= z ? Vector4(0, 1, 0, 1) : Vector4(0, 0, 1, 1));
-}
 
 /// Makes `copy` equal to `original`, whose kind is known. Takes memory only for another kind.
 template <class Bounds>
@@ -90,8 +81,31 @@ void _GameObject::setOrientation(const Vector4& v) {
     if (up * orientation == 0) return;
 
     Vector4 side = orientation ^ up;
-    if (side.getLength() == 0) side = perpendicular(orientation);
+    if (side.getLength() == 0) side = util3d::perpendicular(orientation);
     up = side.normalize() ^ orientation;
+}
+
+const _BoundingObject& _GameObject::getBoundingObject() const {
+    if (update_b_obj || !b_obj) placeBounds();
+    return *b_obj;
+}
+
+BoundingSphere _GameObject::getBoundingSphere() const {
+    return BoundingSphere(position, (b_obj ? *b_obj : getBoundingObject()).getRadius());
+}
+
+void _GameObject::resetBoundingObject() {
+    model_b_obj.reset();
+    update_b_obj = true;
+}
+
+void _GameObject::placeBounds() const {
+    if (!model_b_obj) model_b_obj.reset(computeBoundingObject());
+    model_b_obj->getType() == BOUNDING_SPHERE ? assign<BoundingSphere>(*model_b_obj, b_obj)
+                                              : assign<BoundingBox>(*model_b_obj, b_obj);
+    b_obj->transform(position, orientation, up);
+    update_b_obj = false;
+    if (galaxy) galaxy->grid.widen(*this, b_obj->getRadius());
 }
 
 float _GameObject::getSize() const {
@@ -125,13 +139,5 @@ _GameCameraInterface* _GameObject::getCamera(CAMPOSenum which) const {
 }
 
 camobj_t _GameObject::getCameras() const {
-    return cam_obj ? *cam_obj : camobj_t{std::vector<_GameCameraInterface*>(camera_positions)};
-}
-
-void _GameObject::place(const _BoundingObject& model,
-                        std::unique_ptr<_BoundingObject>& bounds) const {
-    model.getType() == BOUNDING_SPHERE ? assign<BoundingSphere>(model, bounds)
-                                       : assign<BoundingBox>(model, bounds);
-    bounds->transform(position, orientation, up);
-    if (galaxy) galaxy->grid.widen(*this, bounds->getRadius());
+    return cam_obj ? *cam_obj : camobj_t{std::vector<_GameCameraInterface*>(num_camera_positions)};
 }

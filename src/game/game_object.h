@@ -54,10 +54,13 @@ public:
     /// Stores the up vector as it comes.
     void setUp(const Vector4& u) { up = u; }
 
+    /// Bounds in the object's own coordinates, from which its bounds in the world are made. Asked
+    /// for once, and again after resetBoundingObject(). The caller owns the result.
+    virtual _BoundingObject* computeBoundingObject() const = 0;
     /// The bounds in world coordinates, as of the last update.
-    virtual const _BoundingObject& getBoundingObject() const = 0;
+    virtual const _BoundingObject& getBoundingObject() const;
     /// A sphere around the present position, as wide as the bounds when they were last built.
-    virtual BoundingSphere getBoundingSphere() const = 0;
+    virtual BoundingSphere getBoundingSphere() const;
     /// The radius of the bounding sphere.
     float getSize() const;
 
@@ -80,16 +83,17 @@ public:
 protected:
     friend class Galaxy;
 
-    /// The copy has neither cameras nor a galaxy of its own.
+    /// The copy has neither cameras nor a galaxy, and builds bounds of its own.
     _GameObject(const _GameObject& other);
 
     void setId(int i) { id = i; }
     void setName(const std::string& n) { name = n; }
     void setGalaxy(Galaxy* g) { galaxy = g; }
 
-    /// Makes `bounds` a copy of `model`, which is in model coordinates, at the object's place in
-    /// the world. Writes over what is there if it is of the same kind.
-    void place(const _BoundingObject& model, std::unique_ptr<_BoundingObject>& bounds) const;
+    /// To be called when computeBoundingObject() would now give something else.
+    void resetBoundingObject();
+
+    mutable bool update_b_obj = true;  ///< the bounds are stale
 
 private:
     friend class ObjectGrid;
@@ -97,6 +101,7 @@ private:
     /// Whether the player looks through one of the object's cameras.
     bool isWatched() const;
     void removeCameras();
+    void placeBounds() const;
 
     int id;
     std::string name = "unknown";
@@ -104,6 +109,8 @@ private:
     Point4 position;
     Vector4 orientation{0, 0, 1, 1};
     Vector4 up{0, 1, 0, 1};
+    mutable std::unique_ptr<_BoundingObject> b_obj;        ///< in world coordinates
+    mutable std::unique_ptr<_BoundingObject> model_b_obj;  ///< in the object's own
     CAMTYPEenum cam_type = CAM_INVALID;  ///< the kind under which the cameras are registered
     camobj_t* cam_obj = nullptr;         ///< the registered set; the camera management owns it
     Galaxy* galaxy = nullptr;

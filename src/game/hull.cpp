@@ -1,5 +1,6 @@
 #include "game/hull.h"
 
+#include "game/cockpit.h"
 #include "game/control.h"
 #include "game/starship.h"
 #include "xml/xml_element.h"
@@ -11,12 +12,30 @@ Hull::Hull(const XMLElement& node) : _StarshipPart(PRT_HULL), _3D_Rep(SLOT_NONE)
     readBody(node);
     for (XMLElement child = node.getFirstChild(); !child.isNull(); child = child.getNext()) {
         const std::string element = child.getName();
-        if (element == "Cockpit") continue;
-        if (element != "Slot") {
+        if (element == "Cockpit") {
+            readCockpit(child);
+        } else if (element == "Slot") {
+            readSlot(child, "Hull");
+        } else {
             throw Exception("Hull::Hull: Wrong subelement in Hull (" + element + ")");
         }
-        readSlot(child, "Hull");
     }
+    if (!cockpit) throw Exception("Hull::Hull: cockpit must be specified!");
+}
+
+Hull::Hull(const Hull& other)
+    : _StarshipPart(other), _3D_Rep(other), cockpit(new Cockpit(*other.cockpit)) {}
+
+Hull::~Hull() = default;
+
+void Hull::readCockpit(const XMLElement& node) {
+    if (cockpit) throw Exception("Hull::Hull: only one cockpit allowed");
+    cockpit.reset(new Cockpit(node));
+}
+
+void Hull::setParentShip(Starship* ship) {
+    _StarshipPart::setParentShip(ship);
+    cockpit->setParentShip(ship);
 }
 
 Point4 Hull::getPosition() const {

@@ -1,10 +1,8 @@
 #include "game/laser.h"
 
 #include "3d/bounding_box.h"
-#include "3d/color_rgb.h"
+#include "game/bolt.h"
 #include "game/game_event.h"
-
-#include <GL/gl.h>
 
 namespace {
 
@@ -39,14 +37,5 @@ _BoundingObject* Laser::computeBoundingObject() const {
 }
 
 void Laser::drawModel(DRWenum) const {
-    ColorRGB(1, 0, 0).activate();
-    glDisable(GL_LIGHTING);
-    glDisable(GL_TEXTURE_2D);
-    glPushAttrib(GL_LINE_BIT);
-    glLineWidth(2);
-    glBegin(GL_LINES);
-    glVertex3f(0, 0, half_length);
-    glVertex3f(0, 0, -half_length);
-    glEnd();
-    glPopAttrib();
+    drawBolt(ColorRGB(1, 0, 0), 2, half_length);
 }

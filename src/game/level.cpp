@@ -3,11 +3,13 @@
 #include "game/galaxy.h"
 #include "game/game_event.h"
 #include "game/starship.h"
+#include "game/story_teller.h"
 #include "game/world.h"
 #include "main/exception.h"
 #include "main/log_factory.h"
 #include "xml/xml_element.h"
 
+#include <exception>
 #include <iostream>
 
 namespace {
@@ -16,6 +18,26 @@ template <typename... Pieces>
 void debugLine(const Pieces&... pieces) {
     logLine(std::cout, "!! GAME(5): ", pieces...);
 }
+
+/// Takes back the story that a level has created, unless the level keeps it.
+class StoryHold {
+public:
+    StoryHold() = default;
+    ~StoryHold() {
+        if (held) StoryTeller::destroyInstance();
+    }
+    StoryHold(const StoryHold&) = delete;
+    StoryHold& operator=(const StoryHold&) = delete;
+
+    void create(const XMLElement& node) {
+        StoryTeller::createInstance(node);
+        held = true;
+    }
+    void keep() { held = false; }
+
+private:
+    bool held = false;
+};
 
 }  // namespace
 
@@ -36,7 +58,12 @@ Level::Level(const XMLElement& root_node, Starship* s) : star_ship(s) {
     debugLine("Level::Level: starship set");
 }
 
-Level::~Level() noexcept(false) = default;
+// The end of a story that is not there throws.
+Level::~Level() noexcept(false) {
+    galaxies.clear();
+    const bool failing = std::uncaught_exceptions() > 0;
+    if (StoryTeller::getInstance() || !failing) StoryTeller::destroyInstance();
+}
 
 LVLenum Level::run() {
     try {
@@ -65,15 +92,19 @@ void Level::readGalaxies(const XMLElement& root_node) {
 }
 
 void Level::readChildren(const XMLElement& root_node) {
+    StoryHold story;
     for (XMLElement child = root_node.getFirstChild(); !child.isNull(); child = child.getNext()) {
         const std::string name = child.getName();
-        if (name == "Soundtrack")
+        if (name == "Soundtrack") {
             debugLine("Adding background music: ", child.getAttributeAsString("file"));
-        else if (name == "StoryTeller")
+        } else if (name == "StoryTeller") {
+            story.create(child);
             debugLine("StoryTelle configured ");
-        else
+        } else {
             throw Exception("Level::Level: invalid game file (wrong node type: " + name + ")");
+        }
     }
+    story.keep();
 }
 
 void Level::placeShip() {

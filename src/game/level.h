@@ -18,14 +18,16 @@ enum LVLenum {
     SYSTEM_EXIT = 20,
 };
 
-/// One playable level: the galaxies of its universe, one of which is flown in, and the place where
-/// the player's ship starts. One level exists at a time.
+/// One playable level: the galaxies of its universe, one of which is flown in, the place where the
+/// player's ship starts, and the story. One level exists at a time.
 class Level {
 public:
     /// Loads all galaxies of the level's universe and puts the player's ship, which is not owned,
     /// at its start. Throws Exception, or a child of it, on any fault of the game file.
     Level(const XMLElement& root_node, Starship* s);
-    /// Ends everything that lives in the level. It may throw, so no smart pointer may own a level.
+    /// Ends everything that lives in the level, and its story. Throws Exception when the level was
+    /// given no story, so no smart pointer may own a level; silent while another failure is on its
+    /// way.
     ~Level() noexcept(false);
     Level(const Level&) = delete;
     Level& operator=(const Level&) = delete;
@@ -36,7 +38,7 @@ public:
 
 private:
     void readGalaxies(const XMLElement& root_node);
-    void readChildren(const XMLElement& root_node);
+    static void readChildren(const XMLElement& root_node);
     void placeShip();
 
     std::map<int, std::unique_ptr<Galaxy>> galaxies;

@@ -13,9 +13,8 @@ namespace {
 constexpr GAMEOBJenum known_types[] = {GO_LASER,    GO_TORPEDO,  GO_STARSHIP, GO_PLANET,
                                        GO_ASTEROID, GO_WORMHOLE, GO_SUN};
 
-/// A number that is the higher the higher the id is, also for ids below 0.
-std::uint64_t rank(int id) {
-    return static_cast<std::uint32_t>(id) ^ 0x80000000U;
+bool isLaser(const _GameObject& object) {
+    return object.getType() == GO_LASER;
 }
 
 }  // namespace
@@ -36,48 +35,55 @@ float NearPairs::findReach(const _GameObject& object) {
     return sphere ? std::max(reach, sphere->getRadius()) : unknown;
 }
 
-void NearPairs::start(const std::map<int, ObjectSlot>& objects) {
-    collect(objects);
+void NearPairs::start(const Objects& all) {
+    objects = &all;
+    first = all.end();
+    seconds.clear();
     position = 0;
+    measure();
+    if (!all.empty()) approach(all.begin());
 }
 
-void NearPairs::restart(const std::map<int, ObjectSlot>& objects) {
-    const std::uint64_t present = pairs[position - 1].order;
-    collect(objects);
-    const auto next = std::ranges::upper_bound(pairs, present, {}, &Pair::order);
-    position = static_cast<std::size_t>(next - pairs.begin());
+void NearPairs::restart() {
+    const int present = seconds[position - 1]->id;
+    measure();
+    approach(first);
+    const auto next = std::ranges::upper_bound(seconds, present, {}, &ObjectGrid::Entry::id);
+    position = static_cast<std::size_t>(next - seconds.begin());
 }
 
 const NearPairs::Pair* NearPairs::next() {
-    while (position < pairs.size()) {
-        const Pair& pair = pairs[position++];
-        if (**pair.first && **pair.second) return &pair;
+    while (first != objects->end()) {
+        while (*first->second && position < seconds.size()) {
+            pair = {&first->second, seconds[position++]->slot};
+            if (**pair.second) return &pair;
+        }
+        if (++first != objects->end()) approach(first);
     }
     return nullptr;
 }
 
-void NearPairs::collect(const std::map<int, ObjectSlot>& objects) {
-    pairs.clear();
-    for (const auto& [id, slot] : objects)
-        if (*slot) grid.setReach(**slot, findReach(**slot));
-
-    for (const auto& [id, slot] : objects)
-        if (*slot && (*slot)->getType() != GO_LASER) collectAround(id, slot);
-    std::ranges::sort(pairs, {}, &Pair::order);
-}
-
-// A laser is found by the others; two others find each other, and the lower id takes the pair.
-void NearPairs::collectAround(int id, const ObjectSlot& slot) {
-    grid.findNear(**slot, findReach(**slot), found);
-    for (const ObjectGrid::Entry* other : found) {
-        if (id < other->id)
-            add(id, &slot, other->id, other->slot);
-        else if (other->object->getType() == GO_LASER)
-            add(other->id, other->slot, id, &slot);
+void NearPairs::measure() {
+    last_body = std::numeric_limits<int>::min();
+    for (const auto& [id, slot] : *objects) {
+        if (!*slot) continue;
+        grid.setReach(**slot, findReach(**slot));
+        if (!isLaser(**slot)) last_body = id;
     }
 }
 
-void NearPairs::add(int first_id, const ObjectSlot* first, int second_id,
-                    const ObjectSlot* second) {
-    pairs.push_back({rank(first_id) << 32 | rank(second_id), first, second});
+// Lasers come last, as a rule, and have nobody to meet behind them.
+void NearPairs::approach(Objects::const_iterator entry) {
+    first = entry;
+    seconds.clear();
+    position = 0;
+    const auto& [id, slot] = *entry;
+    if (!*slot || (isLaser(**slot) && id > last_body)) return;
+
+    grid.findNear(**slot, findReach(**slot), seconds);
+    const bool laser = isLaser(**slot);
+    std::erase_if(seconds, [id = id, laser](const ObjectGrid::Entry* other) {
+        return other->id <= id || (laser && isLaser(*other->object));
+    });
+    std::ranges::sort(seconds, {}, &ObjectGrid::Entry::id);
 }

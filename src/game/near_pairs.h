@@ -2,7 +2,7 @@
 
 #include "game/object_grid.h"
 
-#include <cstdint>
+#include <cstddef>
 #include <map>
 #include <vector>
 
@@ -12,7 +12,6 @@
 class NearPairs {
 public:
     struct Pair {
-        std::uint64_t order;  ///< rises with the first id, then with the second
         const ObjectSlot* first;
         const ObjectSlot* second;
     };
@@ -22,20 +21,26 @@ public:
     /// How far from its position the object can touch another.
     static float findReach(const _GameObject& object);
 
-    /// Begins a pass over all objects of a galaxy.
-    void start(const std::map<int, ObjectSlot>& objects);
+    /// Begins a pass over all objects of a galaxy, which takes in no other until the end of the
+    /// pass.
+    void start(const std::map<int, ObjectSlot>& all);
     /// The next pair of objects that are both still there, null at the end of the pass.
     const Pair* next();
     /// An object has moved during the pass: goes on behind the present pair from where all are now.
-    void restart(const std::map<int, ObjectSlot>& objects);
+    void restart();
 
 private:
-    void collect(const std::map<int, ObjectSlot>& objects);
-    void collectAround(int id, const ObjectSlot& slot);
-    void add(int first_id, const ObjectSlot* first, int second_id, const ObjectSlot* second);
+    using Objects = std::map<int, ObjectSlot>;
+
+    void measure();
+    /// Makes the object of that entry the first of the next pairs, and finds the others.
+    void approach(Objects::const_iterator entry);
 
     ObjectGrid& grid;
-    std::vector<Pair> pairs;
-    std::size_t position = 0;
-    ObjectGrid::Found found;  ///< kept for its memory, like the pairs
+    const Objects* objects = nullptr;
+    Objects::const_iterator first;
+    ObjectGrid::Found seconds;  ///< by id; kept for its memory
+    std::size_t position = 0;   ///< in `seconds`, of what comes next
+    int last_body = 0;          ///< the highest id of what is no laser
+    Pair pair{};
 };

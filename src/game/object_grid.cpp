@@ -18,11 +18,14 @@ constexpr float place_error = 1e-5F;  // the same, of coordinates
 constexpr std::size_t least_buckets = 16;
 
 float cellSize(int level) {
-    return std::ldexp(finest_cell, level);
+    return finest_cell * static_cast<float>(1 << level);
 }
 
-int cellAt(float coordinate, int level) {
-    return static_cast<int>(std::floor(coordinate / cellSize(level)));
+/// The cell of a coordinate, in cells of an edge of `size`.
+int cellAt(float coordinate, float size) {
+    const float cells = coordinate / size;
+    const int whole = static_cast<int>(cells);
+    return cells < static_cast<float>(whole) ? whole - 1 : whole;
 }
 
 /// Whether the point can be told from others in cells; NaN cannot.
@@ -43,6 +46,7 @@ public:
             way[i] = end[i] - start[i];
             slack = std::max({slack, std::fabs(start[i]), std::fabs(end[i])});
             if (std::fabs(way[i]) > std::fabs(way[main_axis])) main_axis = i;
+            squared_length += static_cast<double>(way[i]) * way[i];
         }
         slack = slack * place_error + tolerance;
     }
@@ -77,12 +81,10 @@ public:
 
     bool isNear(const Filed& entry) const {
         if (!bounded || entry.filing.level == everywhere) return true;
-        double length = 0, along = 0, distance = 0;
-        for (int i : {0, 1, 2}) {
-            length += static_cast<double>(way[i]) * way[i];
+        double along = 0, distance = 0;
+        for (int i : {0, 1, 2})
             along += (static_cast<double>(entry.filing.place[i]) - start[i]) * way[i];
-        }
-        const double share = length > 0 ? std::clamp(along / length, 0.0, 1.0) : 0;
+        const double share = squared_length > 0 ? std::clamp(along / squared_length, 0.0, 1.0) : 0;
         for (int i : {0, 1, 2}) {
             const double away = entry.filing.place[i] - (start[i] + share * way[i]);
             distance += away * away;
@@ -98,11 +100,17 @@ private:
     }
 
     Place start, end, way;
+    double squared_length = 0;
     float radius;
     float slack = 0;
     int main_axis = 0;
     bool bounded;
 };
+
+bool ObjectGrid::Filing::isSameCell(const Filing& other) const {
+    return hash == other.hash && level == other.level && cell[0] == other.cell[0] &&
+           cell[1] == other.cell[1] && cell[2] == other.cell[2];
+}
 
 void ObjectGrid::insert(const ObjectSlot& slot) {
     _GameObject& object = **slot;
@@ -110,19 +118,22 @@ void ObjectGrid::insert(const ObjectSlot& slot) {
     if (index == none) {
         index = static_cast<int>(entries.size());
         entries.emplace_back();
+        if (entries.size() > buckets.size()) growBuckets();
     } else {
-        free_entry = entries[index].next;
+        free_entry = entries[index].in_level.next;
     }
-    static_cast<Entry&>(entries[index]) = {&object, &slot, object.getId(), object.getSize()};
+    Filed& entry = entries[index];
+    static_cast<Entry&>(entry) = {&object, &slot, object.getId(), object.getSize()};
     object.grid_entry = index;
-    file(index, findFiling(object, entries[index].reach));
+    entry.level_by_reach = findLevel(entry.reach);
+    file(index, findFiling(object, entry.level_by_reach));
 }
 
 void ObjectGrid::erase(_GameObject& object) {
     const int index = std::exchange(object.grid_entry, none);
     if (index == none) return;
     unfile(index);
-    entries[index].next = std::exchange(free_entry, index);
+    entries[index].in_level.next = std::exchange(free_entry, index);
 }
 
 void ObjectGrid::move(const _GameObject& object) {
@@ -130,8 +141,8 @@ void ObjectGrid::move(const _GameObject& object) {
     if (index == none) return;
 
     Filed& entry = entries[index];
-    const Filing filing = findFiling(object, entry.reach);
-    if (filing.level == entry.filing.level && filing.cell == entry.filing.cell) {
+    const Filing filing = findFiling(object, entry.level_by_reach);
+    if (filing.isSameCell(entry.filing)) {
         entry.filing.place = filing.place;
         return;
     }
@@ -141,7 +152,11 @@ void ObjectGrid::move(const _GameObject& object) {
 
 void ObjectGrid::setReach(const _GameObject& object, float reach) {
     if (object.grid_entry == none) return;
-    entries[object.grid_entry].reach = reach;
+    Filed& entry = entries[object.grid_entry];
+    entry.reach = reach;
+    const int level = findLevel(reach);
+    if (level == entry.level_by_reach) return;
+    entry.level_by_reach = level;
     move(object);
 }
 
@@ -150,64 +165,61 @@ void ObjectGrid::widen(const _GameObject& object, float reach) {
         setReach(object, reach);
 }
 
-ObjectGrid::Filing ObjectGrid::findFiling(const _GameObject& object, float reach) {
-    const Point4& p = object.position;
-    Filing filing{{p.x, p.y, p.z}, 0, {}};
-    while (filing.level < cell_levels && !(reach * (1 + tolerance) <= cellSize(filing.level) / 2))
-        ++filing.level;
+int ObjectGrid::findLevel(float reach) {
+    int level = 0;
+    while (level < cell_levels && !(reach * (1 + tolerance) <= cellSize(level) / 2)) ++level;
+    return level;
+}
 
-    if (!isOrdinary(p)) filing.level = everywhere;
-    if (filing.level != everywhere)
-        for (int i : {0, 1, 2}) filing.cell[i] = cellAt(filing.place[i], filing.level);
+ObjectGrid::Filing ObjectGrid::findFiling(const _GameObject& object, int level) {
+    const Point4& p = object.position;
+    Filing filing{{p.x, p.y, p.z}, isOrdinary(p) ? level : everywhere, {}, 0};
+    if (filing.level != everywhere) {
+        const float size = cellSize(filing.level);
+        for (int i : {0, 1, 2}) filing.cell[i] = cellAt(filing.place[i], size);
+    }
+    filing.hash = hashOf(filing.level, filing.cell);
     return filing;
 }
 
+std::uint32_t ObjectGrid::hashOf(int level, const Cell& cell) {
+    auto hash = static_cast<std::uint32_t>(level);
+    for (const int i : cell) hash = (hash ^ static_cast<std::uint32_t>(i)) * 0x9e3779b1U;
+    return hash ^ hash >> 16;
+}
+
 void ObjectGrid::file(int index, const Filing& filing) {
-    Level& level = levels[filing.level];
     entries[index].filing = filing;
-    entries[index].member = static_cast<int>(level.members.size());
-    level.members.push_back(index);
-    if (level.members.size() > level.buckets.size())
-        growBuckets(level);
-    else
-        chain(index);
+    ++levels[filing.level].size;
+    chain(index, levels[filing.level].first, &Filed::in_level);
+    chain(index, bucketOf(filing.hash), &Filed::in_bucket);
 }
 
 void ObjectGrid::unfile(int index) {
-    const Filed& entry = entries[index];
-    Level& level = levels[entry.filing.level];
-
-    const int last = level.members.back();
-    level.members[entry.member] = last;
-    entries[last].member = entry.member;
-    level.members.pop_back();
-
-    if (entry.next != none) entries[entry.next].previous = entry.previous;
-    if (entry.previous != none)
-        entries[entry.previous].next = entry.next;
-    else
-        level.buckets[findBucket(level, entry.filing.cell)] = entry.next;
+    const Filing& filing = entries[index].filing;
+    --levels[filing.level].size;
+    unchain(index, levels[filing.level].first, &Filed::in_level);
+    unchain(index, bucketOf(filing.hash), &Filed::in_bucket);
 }
 
-void ObjectGrid::chain(int index) {
-    Filed& entry = entries[index];
-    Level& level = levels[entry.filing.level];
-    int& first = level.buckets[findBucket(level, entry.filing.cell)];
-    entry.previous = none;
-    entry.next = first;
-    if (first != none) entries[first].previous = index;
+void ObjectGrid::chain(int index, int& first, Link Filed::*link) {
+    entries[index].*link = {first, none};
+    if (first != none) (entries[first].*link).previous = index;
     first = index;
 }
 
-void ObjectGrid::growBuckets(Level& level) {
-    level.buckets.assign(std::max(least_buckets, level.buckets.size() * 2), none);
-    for (const int member : level.members) chain(member);
+void ObjectGrid::unchain(int index, int& first, Link Filed::*link) {
+    const auto [next, previous] = entries[index].*link;
+    if (next != none) (entries[next].*link).previous = previous;
+    (previous != none ? (entries[previous].*link).next : first) = next;
 }
 
-std::size_t ObjectGrid::findBucket(const Level& level, const Cell& cell) {
-    std::uint32_t hash = 0;
-    for (const int i : cell) hash = (hash ^ static_cast<std::uint32_t>(i)) * 0x9e3779b1U;
-    return (hash >> 8) & (level.buckets.size() - 1);
+// As many buckets as there can be objects: what moves later finds its place without taking memory.
+void ObjectGrid::growBuckets() {
+    buckets.assign(std::max(least_buckets, buckets.size() * 2), none);
+    for (const Level& level : levels)
+        for (int i = level.first; i != none; i = entries[i].in_level.next)
+            chain(i, bucketOf(entries[i].filing.hash), &Filed::in_bucket);
 }
 
 void ObjectGrid::findNear(const _GameObject& object, float reach, Found& found) const {
@@ -221,16 +233,18 @@ void ObjectGrid::findAlong(const Point4& start, const Point4& end, Found& found)
 // Where there are more cells to look into than objects, the objects are looked at instead.
 void ObjectGrid::collect(const Capsule& around, Found& found) const {
     found.clear();
+    found.reserve(entries.capacity());
     for (int i = 0; i < static_cast<int>(levels.size()); ++i) {
         const Level& level = levels[i];
-        if (level.members.empty()) continue;
+        if (level.size == 0) continue;
 
         const float grow = cellSize(i) / 2 + around.getRadius();
-        if (around.countCells(cellSize(i), grow) < static_cast<float>(level.members.size())) {
+        if (i != everywhere &&
+            around.countCells(cellSize(i), grow) < static_cast<float>(level.size)) {
             collectCells(i, around, grow, found);
             continue;
         }
-        for (const int member : level.members)
+        for (int member = level.first; member != none; member = entries[member].in_level.next)
             if (around.isNear(entries[member])) found.push_back(&entries[member]);
     }
 }
@@ -239,8 +253,8 @@ void ObjectGrid::collect(const Capsule& around, Found& found) const {
 void ObjectGrid::collectCells(int level, const Capsule& around, float grow, Found& found) const {
     const float size = cellSize(level);
     const int axis = around.getMainAxis(), axis_1 = (axis + 1) % 3, axis_2 = (axis + 2) % 3;
-    const auto cellsOf = [level](std::pair<float, float> extent) {
-        return std::pair(cellAt(extent.first, level), cellAt(extent.second, level));
+    const auto cellsOf = [size](std::pair<float, float> extent) {
+        return std::pair(cellAt(extent.first, size), cellAt(extent.second, size));
     };
     const auto [from, to] = cellsOf(around.getMainExtent(grow));
     Cell cell;
@@ -251,13 +265,15 @@ void ObjectGrid::collectCells(int level, const Capsule& around, float grow, Foun
         const auto [from_2, to_2] = cellsOf(around.getExtent(axis_2, low, high, grow));
         for (cell[axis_1] = from_1; cell[axis_1] <= to_1; ++cell[axis_1])
             for (cell[axis_2] = from_2; cell[axis_2] <= to_2; ++cell[axis_2])
-                collectCell(levels[level], cell, around, found);
+                collectCell(level, cell, around, found);
     }
 }
 
-void ObjectGrid::collectCell(const Level& level, const Cell& cell, const Capsule& around,
+void ObjectGrid::collectCell(int level, const Cell& cell, const Capsule& around,
                              Found& found) const {
-    for (int i = level.buckets[findBucket(level, cell)]; i != none; i = entries[i].next)
-        if (entries[i].filing.cell == cell && around.isNear(entries[i]))
+    const Filing here{{}, level, cell, hashOf(level, cell)};
+    for (int i = buckets[here.hash & (buckets.size() - 1)]; i != none;
+         i = entries[i].in_bucket.next)
+        if (entries[i].filing.isSameCell(here) && around.isNear(entries[i]))
             found.push_back(&entries[i]);
 }

@@ -3,6 +3,7 @@
 #include "game/object_slot.h"
 
 #include <array>
+#include <cstdint>
 #include <vector>
 
 class Point4;
@@ -54,36 +55,46 @@ private:
 
     /// Where an object is filed.
     struct Filing {
+        bool isSameCell(const Filing& other) const;
+
         Place place;
         int level;
         Cell cell;
+        std::uint32_t hash;  ///< of level and cell
+    };
+    /// The neighbours of an entry in a chain of entries.
+    struct Link {
+        int next, previous;
     };
     struct Filed : Entry {
         Filing filing;
-        int member;          ///< the index in the list of the level
-        int next, previous;  ///< in the chain of a bucket
+        int level_by_reach;  ///< the level on which it is filed wherever there are cells
+        Link in_bucket, in_level;
     };
-    /// The objects of a level, and the first of each chain of those whose cells share a bucket.
+    /// The chain of all that is filed on a level.
     struct Level {
-        std::vector<int> members;
-        std::vector<int> buckets;
+        int first = none;
+        int size = 0;
     };
     class Capsule;
 
-    static Filing findFiling(const _GameObject& object, float reach);
-    static std::size_t findBucket(const Level& level, const Cell& cell);
+    static int findLevel(float reach);
+    static Filing findFiling(const _GameObject& object, int level);
+    static std::uint32_t hashOf(int level, const Cell& cell);
 
     void file(int index, const Filing& filing);
     void unfile(int index);
-    void chain(int index);
-    void growBuckets(Level& level);
+    void chain(int index, int& first, Link Filed::*link);
+    void unchain(int index, int& first, Link Filed::*link);
+    void growBuckets();
+    int& bucketOf(std::uint32_t hash) { return buckets[hash & (buckets.size() - 1)]; }
 
     void collect(const Capsule& around, Found& found) const;
     void collectCells(int level, const Capsule& around, float grow, Found& found) const;
-    void collectCell(const Level& level, const Cell& cell, const Capsule& around,
-                     Found& found) const;
+    void collectCell(int level, const Cell& cell, const Capsule& around, Found& found) const;
 
     std::vector<Filed> entries;
-    int free_entry = none;  ///< the first of the chain of unused entries
+    int free_entry = none;     ///< the first of the chain of unused entries
+    std::vector<int> buckets;  ///< the first of each chain of those whose hashes end alike
     std::array<Level, cell_levels + 1> levels;
 };

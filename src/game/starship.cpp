@@ -11,6 +11,7 @@
 #include "game/cannon.h"
 #include "game/chance.h"
 #include "game/cloak.h"
+#include "game/cockpit.h"
 #include "game/engine.h"
 #include "game/explosion.h"
 #include "game/facing.h"
@@ -297,6 +298,7 @@ void Starship::live(int time_diff) {
     runShield(time_diff);
     control->update(time_diff);
     if (vapor) leaveTrail();
+    hull->getCockpit()->update();
     if (destroyed) {
         const float roll = static_cast<float>(time_diff) * wreck_roll_rate / 1000;
         setUp(getUp().rotate(getHeading(), roll));
@@ -380,6 +382,7 @@ void Starship::explode(bool h) {
     if (isBursting()) return;
     explosion = std::make_unique<AnimatedSprite>(
         GFX_Factory::getInstance()->getAnimatedSprite("starship_explosion"));
+    soundExplosion(getPosition(), getBoundingObject().getRadius());
     showEnd();
 }
 

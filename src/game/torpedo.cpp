@@ -2,15 +2,14 @@
 
 #include "3d/animated_sprite.h"
 #include "3d/bounding_box.h"
-#include "3d/color_rgb.h"
 #include "3d/gfx_factory.h"
 #include "3d/util3d.h"
+#include "game/bolt.h"
 #include "game/explosion.h"
 #include "game/game_camera_interface.h"
 #include "game/game_event.h"
+#include "game/game_sound.h"
 #include "xml/xml_element.h"
-
-#include <GL/gl.h>
 
 #include <algorithm>
 #include <cmath>
@@ -24,6 +23,7 @@ constexpr float turn_rate = 90;    // degrees per second
 constexpr float half_width = 2;
 constexpr float half_length = 10;
 constexpr float explosion_size = 20;
+constexpr short explosion_loudness = 50;
 
 /// Milliseconds for a way at a speed; what would not fit is the longest time that does.
 int flightTime(unsigned long way, float speed) {
@@ -82,6 +82,8 @@ void Torpedo::update(int time_diff) {
 void Torpedo::burst() {
     explosion = std::make_unique<AnimatedSprite>(
         GFX_Factory::getInstance()->getAnimatedSprite("torpedo_explosion"));
+    GameSound::getInstance()->playSound(SND_EXPLOSION, "../data/torpedo_explode.wav", getPosition(),
+                                        explosion_loudness, 0);
 }
 
 void Torpedo::home(int time_diff) {
@@ -116,14 +118,5 @@ void Torpedo::drawModel(DRWenum) const {
     }
     if (energy != static_cast<float>(getPower())) return;
 
-    ColorRGB(0, 0, 1).activate();
-    glDisable(GL_LIGHTING);
-    glDisable(GL_TEXTURE_2D);
-    glPushAttrib(GL_LINE_BIT);
-    glLineWidth(4);
-    glBegin(GL_LINES);
-    glVertex3f(0, 0, half_length);
-    glVertex3f(0, 0, -half_length);
-    glEnd();
-    glPopAttrib();
+    drawBolt(ColorRGB(0, 0, 1), 4, half_length);
 }

@@ -1,6 +1,7 @@
 #include "game/torpedo_launcher.h"
 
 #include "game/camera_management.h"
+#include "game/game_sound.h"
 #include "game/part_store.h"
 #include "game/reactor.h"
 #include "game/starship.h"
@@ -14,6 +15,11 @@
 namespace {
 
 constexpr float tube_distance = 40;  // a torpedo starts clear of the launcher's own ship
+
+void playAt(const Point4& pos, const std::string& sound) {
+    constexpr short loudness = 120;
+    GameSound::getInstance()->playSound(SND_WEAPONFIRE, sound, pos, loudness, 0);
+}
 
 }  // namespace
 
@@ -31,20 +37,24 @@ TorpedoLauncher::TorpedoLauncher(const XMLElement& node)
 }
 
 Torpedo* TorpedoLauncher::fire() {
-    if (load <= 0) return nullptr;
+    const Matrix4 placement = getMatrix() * getParentShipMatrix();
+    const Vector4 direction = placement.getZ();
+    const Point4 pos = placement.getTranslation() + Vector4(direction).normalize() * tube_distance;
+    if (load <= 0) {
+        playAt(pos, "../data/click.wav");
+        return nullptr;
+    }
     --load;
     if (!drawLaunchPower()) return nullptr;
 
-    const Matrix4 placement = getMatrix() * getParentShipMatrix();
-    const Vector4 direction = placement.getZ();
     std::unique_ptr<Torpedo> torpedo(PartStore::getInstance()->getTorpedo(t_type));
-    torpedo->setPosition(placement.getTranslation() +
-                         Vector4(direction).normalize() * tube_distance);
+    torpedo->setPosition(pos);
     torpedo->setOrientation(direction);
     torpedo->setUp(placement.getY());
     torpedo->setHeading(direction);
     torpedo->setTarget(parent_ship->getSelectedObject());
     torpedo->activateCamera();
+    playAt(pos, sound_file);
 
     CameraManagement* cameras = CameraManagement::getInstance();
     if (cameras->isAutoWeapon())

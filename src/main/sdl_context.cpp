@@ -2,6 +2,7 @@
 
 #include "3d/image.h"
 #include "3d/opengl.h"
+#include "audio/audio_factory.h"
 #include "main/exception.h"
 #include "main/log_factory.h"
 
@@ -14,6 +15,7 @@ SDLContext* SDLContext::instance = nullptr;
 namespace {
 
 constexpr Uint32 frame_rate_interval = 2000;  // milliseconds
+constexpr int every_channel = -1;
 
 struct GLAttribute {
     SDL_GLattr attribute;
@@ -181,6 +183,10 @@ void SDLContext::initVideo() {
 void SDLContext::initAudio() {
     logProgress("initializing audio...");
     initOrThrow(SDL_INIT_AUDIO);
+    audio = AudioFactory::getInstance();
+    audio->setVolumeMusic(100);
+    audio->setVolume(AudioFactory::channel_volume, every_channel);
+    logLine(std::cout, "SDL: ", "AudioFactory:\n", *audio);
 }
 
 void SDLContext::initJoystick() {

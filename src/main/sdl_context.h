@@ -6,6 +6,8 @@
 
 #include <memory>
 
+class AudioFactory;
+
 /// The game's window with its OpenGL surface, the event queue, the joystick and the timer of the
 /// frame counter. The one owner of everything that SDL opens; created first, kept until the process
 /// ends. Global key commands (screenshot, full screen, draw modes) are handled here, for every
@@ -67,4 +69,5 @@ private:
     const SDL_VideoInfo* v_info = nullptr;  // belongs to SDL
     SDL_Surface* screen = nullptr;
     std::unique_ptr<Joystick> joystick;
+    AudioFactory* audio = nullptr;  // the mixer; it keeps itself
 };

@@ -1,9 +1,12 @@
 #include "3d/gfx_factory.h"
 #include "3d/space_bg.h"
+#include "3d/vapor_trail.h"
 #include "game/simple_game_camera.h"
 #include "tests/support/models.h"
 
 #include <gtest/gtest.h>
+
+#include <limits>
 
 namespace {
 
@@ -100,4 +103,12 @@ TEST_F(Effects, SurroundTheCameraWithTheSky) {
     EXPECT_EQ(failureOf([&] { SpaceBG(1, dir / "none.jpg"); }),
               "SpaceBG::SpaceBG: could not create material");
     EXPECT_EQ(countLists(), lists);
+}
+
+TEST(VaporTrail, SurvivesAbsurdSteps) {
+    constexpr unsigned int longest = std::numeric_limits<int>::max();
+    VaporTrail* trail = VaporTrail::getInstance();
+    const auto vapor = trail->registerEffect(ColorRGBA(), Point4(), longest, 1, 1);
+    for (const unsigned int step : {longest - 1, longest}) trail->update(step);
+    EXPECT_GT(vapor->tmp, 0);
 }

@@ -64,8 +64,13 @@ TEST_F(TextureTest, GrabsPicturesThatNoCopyTakesAway) {
     };
     Texture picture;
     grab(picture, 1);
-    Texture copy(picture);
-    grab(copy, 0);
-    EXPECT_EQ(texels(copy), std::string(3, '\0'));
+    GLint name = 0;
+    {
+        Texture copy(picture);
+        grab(copy, 0);
+        EXPECT_EQ(texels(copy), std::string(3, '\0'));
+        glGetIntegerv(GL_TEXTURE_BINDING_2D, &name);
+    }
+    EXPECT_FALSE(glIsTexture(static_cast<GLuint>(name))) << "gone with its one holder";
     EXPECT_EQ(texels(picture), std::string("\xff\0\0", 3));
 }

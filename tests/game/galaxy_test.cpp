@@ -125,6 +125,10 @@ TEST_F(GalaxyTest, LineFindsTheNearestObject) {
     EXPECT_EQ(*galaxy.getObjectByLine(own, start, Point4(0, 0, 100, 1)), near);
     EXPECT_EQ(*galaxy.getObjectByLine(far, start, Point4(0, 0, 100, 1)), own);
     EXPECT_EQ(galaxy.getObjectByLine(own, start, Point4(0, 0, 40, 1)), nullptr);
+
+    const Point4 end(0, 0, 3e19f, 1);  // so far that the distance is no longer finite
+    Probe* beyond = galaxy.put(6, 0, end.z);
+    EXPECT_EQ(*galaxy.getObjectByLine(own, start, end), beyond);
 }
 
 TEST_F(GalaxyTest, LoadsPlanetsAndShips) {
@@ -288,6 +292,13 @@ TEST_F(CollisionTest, PlayerLandsAndTakesOffClearOfThePlanet) {
         EXPECT_FALSE(galaxy.detectCollisions()) << "clear of the planet";
         galaxy.put(rock->getId(), 1e6F);
     }
+
+    for (const char* id : {"1", "2"}) planet(id);
+    player->setPosition(Point4(0, -5, 0, 1));
+    galaxy.update(0);
+    events::push(SDL_KEYDOWN, 2);
+    EXPECT_TRUE(galaxy.detectCollisions());
+    EXPECT_FLOAT_EQ(player->getPosition().y, -clear - 50) << "twice from one place";
 }
 
 }  // namespace

@@ -152,7 +152,7 @@ private:
 
 // What is left out cannot meet: everybody ends as if all pairs and all objects had been asked.
 TEST(NearPairs, GalaxiesFareAsIfAllPairsWereTried) {
-    const Capture silence(std::cout);
+    const Capture silence(std::cout), no_sound_device(std::cerr);
     const TempDir dir;
     ShipYard yard;
     dir.write("big.ASE", boxModel(90));
@@ -160,7 +160,8 @@ TEST(NearPairs, GalaxiesFareAsIfAllPairsWereTried) {
         "<Torpedo name='torpedo' mass='1' size='1' power='30' speed='200' range='300' "
         "cloak_cat='0' lose_dist='0'/><Hull name='barge' mass='1' size='1' resistance='0' "
         "explosion_name='starship_explosion' rep3d='" +
-        dir / "big.ASE" + "'><Cockpit/><Slot type='Wing' trans_offset='P(9|0|0)'/></Hull>");
+        dir / "big.ASE" + "'>" + yard.cockpit() +
+        "<Slot type='Wing' trans_offset='P(9|0|0)'/></Hull>");
     std::string planets;
     for (const std::string id : {"1", "2", "33000"})
         planets +=

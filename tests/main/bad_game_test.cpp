@@ -53,6 +53,15 @@ TEST(BadGame, EachFaultOfTheGameFileIsOneLine) {
         {"<!DOCTYPE Game>", "", "XMLElement::getFirstChild: node is empty"},
         {"type='B_HELVETICA_18'", "type='B_HELVETICA_19'",
          "GlutFont::GlutFont: No such font (B_HELVETICA_19)"},
+        {"background='C(0|0|0|0.5)'", "", "no such attribute: background"},
+        {"font='helvetica_big'", "font='gothic'", "FontFactory::getFont: no such font (gothic)"},
+        {"height='36'", "height='-1'", "MenuButton: attribute height is below 0"},
+        {"img_pressed='../data/menu/pressed.png'", "img_pressed='../data/menu/none.png'",
+         "Image::Image: Error loading image ../data/menu/none.png!"},
+        {"<MenuButton ", "<Other ", "MenuFactory::MenuFactory: no MenuButton in MenuConfig"},
+        {"  </MenuConfig>",
+         "<MenuButton width='1' height='1' color='C(1|1|1|1)' font='helvetica_big'/></MenuConfig>",
+         "MenuFactory::MenuFactory: button already created"},
         {"<StoryTeller/>", "<Prologue/>",
          "Level::Level: invalid game file (wrong node type: Prologue)"},
         {"user_starship_up='V(0|1|0)'", "", "no such attribute: user_starship_up"},
@@ -67,7 +76,6 @@ TEST(BadGame, EachFaultOfTheGameFileIsOneLine) {
         {"reactor='reactor'", "reactor='tank'", "PartStore::getReactor: tank is not a reactor"},
         {"<UserControl/>", "<Autopilot/>",
          "Starship::Starship: invalid XML subobject for hull (Autopilot)"},
-        {"<UserControl/>", "", "Galaxy::run: player starship must have PlayerControl"},
         {"pos='P(0|0|400)'", "pos='V(0|0|400)'",
          "XMLElement::getAttribute as Point: V(0|0|400) can't be converted to a Point (not "
          "starting with P or p)"},
@@ -89,6 +97,12 @@ TEST(BadGame, AnExplosionLacksItsLastPicture) {
     TinyGame game;
     game.write("build/" + last, "");
     expectFailure(game, "Image::Image: Error loading image " + last + '!', last);
+}
+
+TEST(BadGame, TheTableOfTheMenuLacksItsPicture) {
+    TinyGame game;
+    game.write("data/balticgreen.jpg", "");
+    expectFailure(game, "Image::Image: Error loading image ../data/balticgreen.jpg!", "table");
 }
 
 TEST(BadGame, NoGameFileAtAll) {

@@ -17,15 +17,15 @@
 #include "tests/support/screen.h"
 #include "tests/support/shipped_game.h"
 #include "tests/support/tiny_game.h"
+#include "tests/support/typist.h"
 #include "tests/support/window.h"
 #include "xml/xml_element.h"
 #include "xml/xml_parser.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <filesystem>
@@ -37,30 +37,6 @@ namespace {
 void sleepMs(int ms) {
     std::this_thread::sleep_for(std::chrono::milliseconds(ms));
 }
-
-/// Types keys into the window from a process of its own, and Esc at the end until it is stopped.
-class Typist {
-public:
-    explicit Typist(const std::string& keys) : pid(fork()) {
-        if (pid != 0) return;
-        const std::string script = "sleep 0.4; for k in " + keys +
-                                   "; do xdotool key $k; sleep 0.1; done; sleep 0.3; "
-                                   "while xdotool key Escape; do sleep 0.3; done";
-        execl("/bin/sh", "sh", "-c", script.c_str(), nullptr);
-        _exit(127);
-    }
-    ~Typist() {
-        // Only the script: a key that xdotool holds down at this moment still has to come up.
-        kill(pid, SIGTERM);
-        waitpid(pid, nullptr, 0);
-        sleepMs(100);
-    }
-    Typist(const Typist&) = delete;
-    Typist& operator=(const Typist&) = delete;
-
-private:
-    pid_t pid;
-};
 
 /// A ship in the galaxy of the tiny game, flown by typed keys until Esc.
 class TypedFlight {
@@ -209,14 +185,67 @@ size_t litPixels(const screen::Picture& picture) {
     return lit;
 }
 
-/// Waits for the first frame with something in it, so that keys are listened to.
-bool waitForFlight(GameRun& run) {
-    if (!run.waitForOutput("GAME: running level...")) return false;
+/// Waits for what is to be seen some time soon.
+template <typename Condition>
+bool eventually(Condition condition) {
     for (int tries = 0; tries < 200; ++tries) {
-        if (litPixels(screen::capture()) > 200) return true;
+        if (condition()) return true;
         sleepMs(50);
     }
     return false;
+}
+
+/// Waits for a picture with something in it, so that keys are listened to.
+bool waitForPicture() {
+    return eventually([] { return litPixels(screen::capture()) > 200; });
+}
+
+double differenceFrom(const screen::Picture& picture) {
+    return screen::difference(picture, screen::capture());
+}
+
+bool waitForMenu(GameRun& run) {
+    return run.waitForOutput("!! GAME(5): Level::Level: starship set") && waitForPicture();
+}
+
+/// Starts the game from its menu.
+bool waitForFlight(GameRun& run) {
+    if (!waitForMenu(run)) return false;
+    screen::press("Return");
+    return run.waitForOutput("GAME: running level...") && waitForPicture();
+}
+
+using Colour = std::array<int, 3>;
+
+/// What the buttons of the tiny game look like: at rest, with the focus, pressed.
+constexpr Colour blue = {1, 1, 160}, green = {1, 160, 1}, red = {160, 1, 1};
+
+/// The buttons of the main menu, right of their labels.
+struct Spot {
+    int x, y;
+};
+constexpr Spot first_button = {575, 462}, quit_button = {375, 462}, video_button = {415, 228};
+
+Colour colourAt(const Spot& spot) {
+    const screen::Picture picture = screen::capture();
+    if (picture.empty()) return {};
+    const size_t at = static_cast<size_t>(spot.y * 800 + spot.x) * 3;
+    return {picture[at], picture[at + 1], picture[at + 2]};
+}
+
+bool waitForColour(const Spot& spot, const Colour& colour) {
+    return eventually([&] { return colourAt(spot) == colour; });
+}
+
+/// The label of the first button.
+screen::Picture firstLabel() {
+    const screen::Picture picture = screen::capture();
+    screen::Picture label;
+    for (int row = 448; row < 476; ++row) {
+        const auto start = picture.begin() + (row * 800 + 425) * 3;
+        label.insert(label.end(), start, start + 145 * 3);
+    }
+    return label;
 }
 
 }  // namespace
@@ -232,10 +261,12 @@ TEST(Flight, ShippedGameLogsItsStartAndAnswersTheGlobalKeys) {
                              "SDL: setting up opengl...\n",
                              "SDL: OpenGLContext:\n* OpenGL vendor: ",
                              "SDL: initializing audio...\n",
+                             "SDL: AudioFactory:\n* sampling rate: 22050\n* channels: 16\n",
                              "SDL: found ",
                              "MAIN: initializing game...\n",
                              "GAME: parsing game file <../data/game.xml>...\n",
                              "GAME: loading fonts...\n",
+                             "GAME: loading menu configuration...\n",
                              "GAME: loading parts...\n",
                              "GAME: Loading Part 1: ",
                              "GAME: loading levels nodes...\n",
@@ -249,6 +280,8 @@ TEST(Flight, ShippedGameLogsItsStartAndAnswersTheGlobalKeys) {
                              "GAME: creating galaxy 0\n",
                              "GAME: loading game objects...\n",
                              "!! GAME(5): Level::Level: starship set\n",
+                             "!! MAIN(4): MenuFrame::run: event caught - type = 2\n",
+                             "!! MAIN(4): button 2 pressed\n",
                              "GAME: running level...\n"}) {
         const size_t found = run.out().find(line, at);
         ASSERT_NE(found, std::string::npos) << line << run.out();
@@ -258,13 +291,15 @@ TEST(Flight, ShippedGameLogsItsStartAndAnswersTheGlobalKeys) {
 
     screen::press("alt+c");  // the changing figure of the frame rate would be a difference
     sleepMs(200);
-    screen::Picture before = screen::capture();
-    for (const char* mode : {"alt+w", "alt+f", "alt+p", "alt+t", "alt+n"}) {
-        screen::press(mode);
-        sleepMs(300);
-        const screen::Picture after = screen::capture();
-        EXPECT_GT(screen::difference(before, after), 0.002) << mode;
-        before = after;
+    const screen::Picture textured = screen::capture();
+    const auto isTextured = [&] { return differenceFrom(textured) < 0.2; };
+    const auto isBare = [&] { return !isTextured(); };
+    for (const auto& [bare, full] :
+         {std::pair("alt+w", "alt+t"), {"alt+f", "alt+n"}, {"alt+p", "alt+n"}}) {
+        screen::press(bare);
+        EXPECT_TRUE(eventually(isBare)) << bare;
+        screen::press(full);
+        EXPECT_TRUE(eventually(isTextured)) << full;
     }
 
     screen::press("Print");
@@ -274,10 +309,11 @@ TEST(Flight, ShippedGameLogsItsStartAndAnswersTheGlobalKeys) {
     sleepMs(500);
     EXPECT_TRUE(run.isRunning());
     screen::press("alt+Return");
-    sleepMs(500);
-    EXPECT_LT(screen::difference(before, screen::capture()), 0.2) << "back in the window";
+    EXPECT_TRUE(eventually(isTextured)) << "back in the window";
 
     screen::press("Escape");
+    EXPECT_TRUE(eventually(isBare)) << "the menu";
+    screen::click(quit_button.x, quit_button.y);
     EXPECT_EQ(run.wait(), 0) << run.err();
     EXPECT_EQ(run.err(), "");
 }
@@ -301,25 +337,71 @@ TEST(Flight, ScreenshotEqualsTheScreenAndClosingTheWindowEnds) {
     EXPECT_EQ(run.err(), "");
 }
 
-// Who rams another ship bursts with it, and begins anew with a new ship.
-TEST(Flight, LostShipIsFollowedByANewOne) {
+// The menu before the flight, in the middle of it, and after the loss of the ship.
+TEST(Flight, MenuStartsPausesAndBeginsAnew) {
     TinyGame game;
     game.replace("<Planet id='1'",
                  "<Starship id='2' name='Wreck' pos='P(0|0|40)' orientation='V(0|0|1)' "
                  "up='V(0|1|0)' hull='hull' engine='engine' reactor='reactor' tank='tank'/>"
                  "<Planet id='1'");
     GameRun run(game.getDirectory());
-    ASSERT_TRUE(waitForFlight(run)) << run.out() << run.err();
+    ASSERT_TRUE(waitForColour(first_button, green)) << run.out() << run.err();
+    const screen::Picture start_game = firstLabel();
+    screen::click(video_button.x, video_button.y);
+    EXPECT_TRUE(run.waitForOutput("!! MAIN(4): button 4 pressed\n"));
+    EXPECT_TRUE(waitForColour(video_button, green));
+    EXPECT_EQ(colourAt(first_button), blue);
+    screen::hold(first_button.x, first_button.y);
+    EXPECT_TRUE(waitForColour(first_button, red));
+    EXPECT_EQ(run.out().find("GAME: running level..."), std::string::npos);
+    screen::release();
+    ASSERT_TRUE(run.waitForOutput("!! MAIN(4): button 2 pressed\nGAME: running level...\n"));
+    ASSERT_TRUE(waitForPicture());
+
+    screen::press("Escape");
+    ASSERT_TRUE(waitForColour(first_button, green));
+    const screen::Picture continue_game = firstLabel();
+    EXPECT_NE(continue_game, start_game);
+    screen::press("Escape");
+    ASSERT_TRUE(run.waitForOutput("type = 2\nGAME: running level...\n"));
+
     for (int i = 0; i < 10; ++i) screen::press("Up");
+    ASSERT_TRUE(
+        run.waitForOutput("GAME: reloading player starship...\n!! GAME(5): removing Player\n"))
+        << run.out();
+    ASSERT_TRUE(waitForColour(first_button, green));
+    EXPECT_NE(firstLabel(), start_game);
+    EXPECT_NE(firstLabel(), continue_game);
+    EXPECT_EQ(run.out().find("removing Rock"), std::string::npos) << "the old level waits";
+    const screen::Picture one = screen::capture();
+    EXPECT_TRUE(eventually([&] { return differenceFrom(one) > 0.0005; })) << "the new ship turns";
+
+    screen::press("Return");
     EXPECT_TRUE(
-        run.waitForOutput("GAME: reloading player starship...\n"
-                          "!! GAME(5): removing Player\n"
+        run.waitForOutput("!! MAIN(4): button 2 pressed\n"
                           "GAME: loading and initializing level...\n"
                           "!! GAME(5): removing Rock\n"
                           "!! GAME(5): removing Wreck\n"
                           "!! GAME(5): level deleted.\n"))
         << run.out();
+    ASSERT_TRUE(run.waitForOutput("level deleted.\n!! GAME(5): Level::LEvel: called\n"));
+    ASSERT_TRUE(waitForPicture());
+    sleepMs(500);
     screen::press("Escape");
+    ASSERT_TRUE(waitForColour(first_button, green));
+    EXPECT_EQ(firstLabel(), continue_game) << "of the new life";
+    screen::closeWindow();
     EXPECT_EQ(run.wait(), 0) << run.err();
     EXPECT_EQ(run.err(), "");
+}
+
+TEST(Flight, ShipWithoutAPilotEndsAsSoonAsItStarts) {
+    TinyGame game;
+    game.replace("<UserControl/>", "");
+    GameRun run(game.getDirectory());
+    ASSERT_TRUE(waitForMenu(run));
+    screen::press("Return");
+    EXPECT_EQ(run.wait(), 0);
+    EXPECT_EQ(run.err(),
+              "ERROR: Exception: Galaxy::run: player starship must have PlayerControl\n");
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "3d/opengl.h"
 #include "game/ai_control.h"
 #include "game/galaxy.h"
 #include "tests/support/capture.h"
@@ -21,8 +22,11 @@ struct Pilot : AIControl {
 /// Empty space with ships that stay where a test puts them, and pilots that a test flies itself.
 struct Pilots : testing::Test {
     struct Space : Galaxy {
-        using Galaxy::add, Galaxy::Galaxy, Galaxy::update;
+        using Galaxy::add, Galaxy::detectCollisions, Galaxy::Galaxy, Galaxy::show, Galaxy::update;
     };
+
+    Pilots() { OpenGLContext::getInstance()->setShowFPS(false); }  // there are no fonts
+    ~Pilots() override { OpenGLContext::getInstance()->setShowFPS(true); }
 
     /// A ship with a radar that reaches 1000. An older one of that id is gone.
     Starship& put(int id, const Point4& pos, const std::string& children = "") {

@@ -4,8 +4,6 @@
 #include "game/galaxy.h"
 #include "game/game_object.h"
 
-#include <limits>
-
 /// A galaxy without a broad phase: goes through all pairs and asks all objects. What a galaxy does
 /// is measured by it, the outcome and the time.
 class PlainGalaxy : public Galaxy {
@@ -15,12 +13,12 @@ public:
     ObjectSlot getObjectByLine(const _GameObject* ego, const Point4& start,
                                const Point4& end) const override {
         ObjectSlot nearest;
-        float nearest_distance = std::numeric_limits<float>::infinity();
+        float nearest_distance = 0;
         for (const auto& [id, slot] : getObjects()) {
             const _GameObject* object = *slot;
             if (!object || object == ego) continue;
             const float distance = Vector4(start, object->getPosition()).getLength();
-            if (distance < nearest_distance &&
+            if ((!nearest || distance < nearest_distance) &&
                 object->getBoundingSphere().isIntersected(start, end)) {
                 nearest = slot;
                 nearest_distance = distance;

@@ -91,6 +91,27 @@ void screen::press(const std::string& key) {
     runCommand("xdotool key " + key);
 }
 
+void screen::hold(int x, int y) {
+    int left = 0, top = 0;
+    Window child = 0;
+    {
+        const Server server;
+        XTranslateCoordinates(server.get(), server.findGame(), DefaultRootWindow(server.get()), 0,
+                              0, &left, &top, &child);
+    }
+    runCommand("xdotool mousemove " + std::to_string(left + x) + ' ' + std::to_string(top + y) +
+               " mousedown 1");
+}
+
+void screen::release() {
+    runCommand("xdotool mouseup 1");
+}
+
+void screen::click(int x, int y) {
+    hold(x, y);
+    release();
+}
+
 void screen::closeWindow() {
     const Server server;
     XEvent event = {};

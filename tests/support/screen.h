@@ -15,6 +15,10 @@ double difference(const Picture& a, const Picture& b);
 
 /// Presses and releases a key, named as xdotool names it: "w", "F3", "alt+Return".
 void press(const std::string& key);
+/// Presses the mouse button at a pixel of the window, until release().
+void hold(int x, int y);
+void release();
+void click(int x, int y);
 /// Asks the window to close, as the button of a window manager does.
 void closeWindow();
 

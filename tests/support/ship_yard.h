@@ -2,6 +2,7 @@
 
 #include "game/part_store.h"
 #include "game/starship.h"
+#include "tests/support/masks.h"
 #include "tests/support/picture.h"
 #include "tests/support/sprites.h"
 #include "tests/support/temp_dir.h"
@@ -20,7 +21,8 @@ class ShipYard {
 public:
     ShipYard() {
         sprites::registerExplosions();
-        load("<Hull name='hull' size='7'" + body() + R"(><Cockpit/>
+        masks::registerShield();
+        load("<Hull name='hull' size='7'" + body() + ">" + cockpit() + R"(
                   <Slot type='Wing' trans_offset='P(-4|0|0)'/>
                   <Slot type='Engine' trans_offset='P(0|0|-4)'/>
                   <Slot type='Wing' trans_offset='P(4|1|0)'/></Hull>
@@ -82,6 +84,12 @@ public:
 *MESH_FACE 3: A: 1 B: 3 C: 2
 *MATERIAL_REF 0)");
         return " mass='5' resistance='0' explosion_name='starship_explosion' rep3d='" + model + "'";
+    }
+
+    /// A cockpit with the given controls and a crosshair of one invisible pixel.
+    std::string cockpit(const std::string& controls = "") const {
+        return "<Cockpit crosshair_color='C(0|0|0|0)' crosshair_mask='" +
+               dir.write("crosshair.bw", masks::full(1, 1)) + "'>" + controls + "</Cockpit>";
     }
 
 private:

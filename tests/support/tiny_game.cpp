@@ -1,7 +1,9 @@
 #include "tests/support/tiny_game.h"
 
 #include "tests/support/files.h"
+#include "tests/support/masks.h"
 #include "tests/support/picture.h"
+#include "tests/support/sounds.h"
 #include "tests/support/sprites.h"
 
 #include <array>
@@ -42,7 +44,16 @@ TinyGame::TinyGame() : xml(readFile(TARVEX_SOURCE_DIR "/tests/support/tiny_game.
     write("data/game.xml", xml);
     write("data/box.ASE", boxModel());
     write("data/sky.png", picture::ppm(1, 1, "\x05\x05\x0a"));
+    write("data/balticgreen.jpg", picture::ppm(1, 1, "\x40\x80\x40"));
+    write("data/menu/deactivated.png", picture::ppm(1, 1, "\x60\x60\x60"));
+    write("data/menu/idle.png", picture::ppm(1, 1, "\x01\x01\xa0"));
+    write("data/menu/highlighted.png", picture::ppm(1, 1, "\x01\xa0\x01"));
+    write("data/menu/pressed.png", picture::ppm(1, 1, "\xa0\x01\x01"));
+    write("data/masks/crosshair.bw", masks::full(1, 1));
+    write(masks::shield_file, masks::shield);
     sprites::writeExplosions(*this);
+    for (const char* name : {"laser", "engine", "torpedo", "explosion", "torpedo_explode", "click"})
+        write(std::string("data/") + name + ".wav", sounds::wave(0));
     write("build/.keep", "");
 }
 

@@ -7,9 +7,9 @@
 /// The text of a model file: a closed box around the origin, twelve faces, one material.
 std::string boxModel(float half_size = 1);
 
-/// A folder with the smallest complete game: "data/game.xml", one model file, a dark sky, the
-/// explosions and the working directory "build". Tests change a piece of the game file to see what
-/// becomes of it.
+/// A folder with the smallest complete game: "data/game.xml", one model file, a dark sky, buttons
+/// of one colour (blue, green with the focus, red when pressed), the explosions and the working
+/// directory "build". Tests change a piece of the game file to see what becomes of it.
 class TinyGame {
 public:
     TinyGame();
