@@ -65,6 +65,11 @@ float findWeakest(const _3D_Rep& part) {
     return weakest;
 }
 
+/// Who collides bursts at once, with what parts he had.
+Outcome findLoss(const Starship& ship) {
+    return findWeakest(*ship.getHull()) > 0 ? COLLIDED : SHOT_DOWN;
+}
+
 /// The landing screen waits for a key: there is always one for it.
 void offerKey() {
     SDL_Event waiting;
@@ -129,9 +134,11 @@ Outcome Flight::flyToTheEnd(PlainPilot& pilot, int& time) {
             if (time % inspection_time == 0) inspect(pilot.getShip());
         }
     } catch (const GameOverEvent&) {
-        return LOST;
+        return findLoss(pilot.getShip());
     } catch (const LevelEndEvent& end) {
-        return end.getType() == LE_FINISHED && outlives(pilot.getShip()) ? WON : LOST;
+        return end.getType() == LE_FINISHED && outlives(pilot.getShip())
+                   ? WON
+                   : findLoss(pilot.getShip());
     }
     return ENDLESS;
 }

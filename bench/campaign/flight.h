@@ -11,8 +11,9 @@ class Starship;
 
 enum Outcome {
     WON = 0,
-    LOST = 1,
-    ENDLESS = 2,  ///< neither within the time limit: a wreck adrift, or a goal out of reach
+    SHOT_DOWN = 1,
+    COLLIDED = 2,
+    ENDLESS = 3,  ///< neither within the time limit: a wreck adrift, or a goal out of reach
 };
 
 /// What came of one flight through a level.

@@ -133,16 +133,17 @@ void printQuartiles(const char* name, const std::vector<Result>& results, float 
 
 void print(unsigned level, const std::vector<Report>& reports) {
     std::vector<Result> won;
-    unsigned flown = 0, lost = 0;
+    unsigned flown = 0;
+    unsigned ends[ENDLESS + 1] = {};
     for (const Report& report : reports) {
         if (report.level != level) continue;
         ++flown;
-        lost += report.result.outcome == LOST;
+        ++ends[report.result.outcome];
         if (report.result.outcome == WON) won.push_back(report.result);
     }
     const double share = flown > 0 ? 100.0 * static_cast<double>(won.size()) / flown : 0;
-    std::printf("level %u: won %zu of %u (%.0f %%), lost %u, without an end %zu\n", level + 1,
-                won.size(), flown, share, lost, flown - lost - won.size());
+    std::printf("level %u: won %u of %u (%.0f %%), shot down %u, collided %u, without an end %u\n",
+                level + 1, ends[WON], flown, share, ends[SHOT_DOWN], ends[COLLIDED], ends[ENDLESS]);
     if (won.empty()) return;
     printQuartiles("seconds", won, &Result::seconds);
     printQuartiles("hull, percent", won, &Result::hull);

@@ -36,10 +36,15 @@ constexpr float nearest_torpedo = 280, farthest_torpedo = 500;  // it flies stra
 constexpr float lock_distance = 480;
 constexpr float nearest_pass = 70, return_distance = 350;  // beyond the target's size
 constexpr float break_off_time = 1.5F;                     // seconds to the nearest pass
-constexpr float look_ahead_time = 1.6F;                    // seconds
+constexpr float look_ahead_time = 1.6F;                    // seconds, along the line of fire
 constexpr float look_ahead_distance = 50;
+constexpr float foresight = 2.5F;     // seconds: how early two ships are seen to meet
+constexpr float least_room = 15;      // between two ships that pass
+constexpr float clear_of_nose = 60;   // degrees: what is farther off may be left at full speed
+constexpr float near_the_nose = 250;  // beyond that distance, speed does no harm
 
-constexpr int evasion_time = 1500;    // milliseconds
+constexpr int evasion_time = 500;  // milliseconds
+constexpr int turning_throttle = 30;
 constexpr float laser_speed = 350;    // world units per second
 constexpr float spare_charge = 150;   // of the battery, left to the shield
 constexpr float aiming_slack = 0.8F;  // degrees
@@ -110,7 +115,13 @@ void PlainPilot::fly(int time_diff) {
     if (next_choice == 0 || !target || !*target) chooseTarget();
     if (!target || !*target) return;
 
-    if (const Starship* other = asShip(target))
+    if (const ObjectSlot other = findCollision()) {
+        obstacle = other;
+        evasion = evasion_time;
+    }
+    if (evasion > 0 && *obstacle)
+        evade(**obstacle);
+    else if (const Starship* other = asShip(target))
         attack(*other);
     else
         land((*target)->getPosition());
@@ -161,8 +172,7 @@ void PlainPilot::attack(const Starship& other) {
     const float nearest = nearest_pass + break_off_time * getClosingSpeed(other);
     if (dangerous && distance < nearest) breaking_off = true;
     if (!dangerous || distance > return_distance) breaking_off = false;
-    if (isBlocked(other.getId())) evasion = evasion_time;
-    if (breaking_off || evasion > 0 || burns(*other.getHull())) {
+    if (breaking_off || burns(*other.getHull())) {
         evade(other);
         return;
     }
@@ -170,7 +180,7 @@ void PlainPilot::attack(const Starship& other) {
     const float flight_time = getDistance(other.getPosition()) / laser_speed;
     const Point4 aim =
         other.getPosition() + other.getHeading() * (other.getVelocity() * flight_time);
-    steer(aim, other.getHeading() * other.getVelocity() - ship.getHeading() * ship.getVelocity());
+    steer(aim, getDrift(other));
     launch(other);
     shoot(other, getOffCourse(aim));
     setThrottle(dangerous ? chooseThrottle(pass, distance) : chooseThrottle(stop, distance));
@@ -182,17 +192,33 @@ void PlainPilot::evade(const _GameObject& other) {
     const Vector4 right = ship.getOrientation() ^ ship.getUp();
     const float side = away * right < 0 ? -1 : 1;
     steer(ship.getPosition() + Vector4(away).normalize() * 0.5F + right * side);
-    setThrottle(100);
+    const bool ahead = getOffCourse(other.getPosition()) < clear_of_nose &&
+                       getDistance(other.getPosition()) < near_the_nose;
+    setThrottle(ahead ? turning_throttle : 100);
 }
 
 void PlainPilot::land(const Point4& place) {
-    if (isBlocked((*target)->getId())) evasion = evasion_time;
-    if (evasion > 0) {
-        evade(**target);
-        return;
-    }
     steer(place);
     setThrottle(100);
+}
+
+ObjectSlot PlainPilot::findCollision() const {
+    ObjectSlot first;
+    float soonest = foresight;
+    for (const auto& [id, slot] : galaxy->getObjects()) {
+        const Starship* other = asShip(slot);
+        if (!other || other == &ship) continue;
+        const Vector4 way(ship.getPosition(), other->getPosition());
+        const Vector4 drift = getDrift(*other);
+        const float speed_squared = drift * drift;
+        const float time =
+            speed_squared > 0 ? std::max(0.0F, -(way * drift) / speed_squared) : 0.0F;
+        const float room = ship.getSize() + other->getSize() + least_room;
+        if (time >= soonest || (way + drift * time).getLength() > room) continue;
+        soonest = time;
+        first = slot;
+    }
+    return first;
 }
 
 bool PlainPilot::isBlocked(int own_target) const {
@@ -278,11 +304,13 @@ void PlainPilot::press(SDLKey key) const {
     ship.getControl()->handleEvents(event);
 }
 
+Vector4 PlainPilot::getDrift(const Starship& other) const {
+    return other.getHeading() * other.getVelocity() - ship.getHeading() * ship.getVelocity();
+}
+
 /// How fast the way to another ship gets shorter, in world units per second.
 float PlainPilot::getClosingSpeed(const Starship& other) const {
-    const Vector4 way = Vector4(ship.getPosition(), other.getPosition()).normalize();
-    return way * ship.getHeading() * ship.getVelocity() -
-           way * other.getHeading() * other.getVelocity();
+    return -(Vector4(ship.getPosition(), other.getPosition()).normalize() * getDrift(other));
 }
 
 float PlainPilot::getDistance(const Point4& place) const {

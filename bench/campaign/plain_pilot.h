@@ -40,7 +40,9 @@ private:
     void attack(const Starship& target);
     void evade(const _GameObject& other);
     void land(const Point4& place);
-    /// Whether another ship is so near ahead that the two would meet.
+    /// The ship with which this one is about to collide, an empty slot if there is none.
+    ObjectSlot findCollision() const;
+    /// Whether another ship is in the line of fire.
     bool isBlocked(int own_target) const;
     /// Turns towards a place; `drift` is how fast it moves by.
     void steer(const Point4& place, const Vector4& drift = Vector4());
@@ -50,6 +52,8 @@ private:
 
     void turn(int& rate, int wanted, SDLKey less, SDLKey more);
     void press(SDLKey key) const;
+    /// How another ship moves as seen from this one, in world units per second.
+    Vector4 getDrift(const Starship& other) const;
     float getClosingSpeed(const Starship& other) const;
     float getDistance(const Point4& place) const;
     /// How many degrees off the ship's nose a place is.
@@ -59,6 +63,7 @@ private:
     const Galaxy* galaxy = nullptr;
     std::set<int> enemies;
     ObjectSlot target;
+    ObjectSlot obstacle;                   ///< what is evaded, while that lasts
     int heading_rate = 0, pitch_rate = 0;  ///< as the keys have set them
     bool breaking_off = false;             ///< too near: on the way to a new approach
 

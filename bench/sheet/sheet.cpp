@@ -40,7 +40,7 @@ constexpr int explosion_frames = 101;
 constexpr int explosion_views = 12;
 
 struct Shown : Galaxy {
-    using Galaxy::Galaxy, Galaxy::show, Galaxy::update;
+    using Galaxy::Galaxy, Galaxy::show;
 };
 
 std::vector<XMLElement> childrenOf(const XMLElement& parent) {

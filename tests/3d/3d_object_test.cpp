@@ -2,7 +2,6 @@
 
 #include "3d/bounding_box.h"
 #include "3d/bounding_sphere.h"
-#include "3d/glu_sphere.h"
 #include "tests/support/models.h"
 
 using testing::ElementsAre;
@@ -96,12 +95,4 @@ TEST_F(Drawn, FailureEndsTheList) {
     glNewList(glGenLists(1), GL_COMPILE);  // an error within a list
     glEndList();
     EXPECT_EQ(glGetError(), GLenum(GL_NO_ERROR));
-}
-
-TEST_F(Drawn, SphereOfGlu) {
-    const GluSphere sphere(2, 40, 40, new Material(new ColorRGB(0, 1, 0)));
-    EXPECT_FLOAT_EQ(BoundingSphere(*sphere.getBoundingObject()).getRadius(), 2);
-    sphere.draw(DRAW_PHONG);
-    EXPECT_THAT(stage.at(1.8, 0), ElementsAre(0, 255, 0));
-    EXPECT_THAT(stage.at(2.1, 0), ElementsAre(0, 0, 0));
 }

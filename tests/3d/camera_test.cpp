@@ -24,38 +24,20 @@ BoundingBox cube(const Point4& center, float r) {
 
 }  // namespace
 
-TEST(Camera, OrbitsItsTarget) {
-    using Turn = void (Camera::*)(float);
-    for (const auto& [turn, from, to] :
-         {std::tuple<Turn, Point4, Point4>{&Camera::rotateX, {1, 2, 13, 1}, {1, -8, 3, 1}},
-          {&Camera::rotateY, {1, 2, 13, 1}, {11, 2, 3, 1}},
-          {&Camera::rotateZ, {11, 2, 3, 1}, {1, 12, 3, 1}}}) {
-        Camera camera(from, {0, 1, 0, 1}, {1, 2, 3, 1});
-        (camera.*turn)(90);
-        EXPECT_LT(Vector4(camera.getPosition(), to).getLength(), 1e-4) << to;
-    }
-}
-
 TEST(Frustum, EndsAtSixPlanes) {
-    Camera camera = lookingDown();
-    const Frustum frustum = camera.getFrustum();
+    const Frustum frustum = lookingDown().getFrustum();
     for (const Vector4& edge :
          {Vector4(0, 0, 9, 1), Vector4(0, 0, -990, 1), Vector4(0, 5.77f, 0, 1),
           Vector4(0, -5.77f, 0, 1), Vector4(11.55f, 0, 0, 1), Vector4(-11.55f, 0, 0, 1)}) {
         EXPECT_TRUE(frustum.isInside(edge * 0.99f)) << edge;
         EXPECT_FALSE(frustum.isInside(edge * 1.01f)) << edge;
     }
-    camera.setPosition({0, 0, 2000, 1});
-    EXPECT_TRUE(camera.getFrustum().isInside(Point4())) << "not yet activated";
-    camera.activate();
-    EXPECT_FALSE(camera.getFrustum().isInside(Point4()));
 }
 
 // A sphere disappears when it has left a plane, a box when its last corner has left the view.
 TEST(Frustum, BoxesAndSpheres) {
     const Frustum frustum = lookingDown().getFrustum();
     EXPECT_FALSE(frustum.isVisible(cube({0, 0, 10, 1}, 2000))) << "all corners out of view";
-    EXPECT_TRUE(frustum.isVisible(BoundingSphere({0, 0, 10, 1}, 2000)));
     for (int corner = 0; corner < 8; ++corner) {
         const Vector4 side(corner & 1 ? 1 : -1, corner & 2 ? 1 : -1, corner & 4 ? 1 : -1, 1);
         EXPECT_TRUE(frustum.isVisible(cube(Point4(0, 0, -100, 1) - side * 600, 600))) << side;

@@ -2,6 +2,7 @@
 
 #include "tests/support/capture.h"
 #include "tests/support/failure.h"
+#include "tests/support/files.h"
 #include "tests/support/picture.h"
 #include "tests/support/temp_dir.h"
 
@@ -47,7 +48,6 @@ TEST(Image, RefusesFilesThatHoldNoUsablePixels) {
     TempDir dir;
     for (const auto& [content, text] : {std::pair{std::string(), "!"},
                                         {picture::ppm(100, 100, "abc"), "!"},
-                                        {picture::ppm(INT_MAX, INT_MAX, "abc"), "!"},
                                         {picture::tga(0, 0, 24, ""), "!"},
                                         {"P5 2 2 255\nabcd", ": not supported."},
                                         {picture::tga(2, 1, 16, "abcd"), ": not supported."}}) {
@@ -77,7 +77,6 @@ TEST(Image, ScalesSmoothlyUpAndInBoxesDown) {
     for (auto [w, h, from, to_w, to_h, to] :
          {std::tuple{2, 2, "AaQz", 3, 3, "AQaI[mQez"},
           {1, 1, "M", 2, 3, "MMMMMM"},
-          {4, 4, "AIIIQTIIaeimquy}", 1, 1, "K"},
           {4, 4, "AIIIQTIIaeimquy}", 2, 2, "KIs}"},
           // A side that grows takes part in the box all the same.
           {2, 3, "AKCMdz", 3, 2, "GGLooz"}}) {
@@ -90,25 +89,6 @@ TEST(Image, ScalesSmoothlyUpAndInBoxesDown) {
     }
 }
 
-TEST(Image, RearrangesPixels) {
-    for (const auto& [result, expected, format] :
-         {std::tuple{letters().flipX(), "abcdefghijkl", GL_RGB},
-          {letters().flipY(), "jklghidefabc", GL_RGB},
-          {letters().swapColorOrder(1, 2, 0, -7), "ighljkcabfde", GL_RGB},
-          {letters().swapColors('j', 'k', 'l', 'x', 'y', 'z'), "ghixyzabcdef", GL_RGB},
-          {letters().addAlpha('\xde').invertAlpha().flipXY(), "def!abc!jkl!ghi!", GL_RGBA},
-          {letters().addAlpha('!').swapA().setAlpha('?'), "?ghi?jkl?abc?def", GL_BGRA},
-          {letters().addAlpha('!').swapA().deleteAlpha(), "ghijklabcdef", GL_RGB}}) {
-        EXPECT_EQ(pixels(result), expected);
-        EXPECT_EQ(result.getGLFormat(), GLenum(format)) << expected;
-    }
-    const std::string order = "Image::swapColorOrder: Invalid parameter: ";
-    EXPECT_EQ(failureOf([] { letters().swapColorOrder(0, 0, 5, 3); }),
-              order + "values must be diffrent.");
-    EXPECT_EQ(failureOf([] { letters().swapColorOrder(0, 1, 3, 2); }),
-              order + "value out of range (0..3).");
-}
-
 TEST(Image, WritesScreenshotsThatOthersCanRead) {
     Capture progress(std::cout);
     TempDir dir;
@@ -116,12 +96,8 @@ TEST(Image, WritesScreenshotsThatOthersCanRead) {
     for (const Image& image : {letters(), letters().addAlpha('!').swapA(),
                                loaded(picture::tga(2, 2, 32, "cba!fed!ihg!lkj!"))}) {
         image.writeTGA(file);
-        std::ifstream in(file, std::ios::binary);
-        EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}),
-                  picture::words({0, 2, 0, 0, 0, 0, 2, 2, 24}) + "ihglkjcbafed");
+        EXPECT_EQ(readFile(file), picture::words({0, 2, 0, 0, 0, 0, 2, 2, 24}) + "ihglkjcbafed");
     }
-    EXPECT_EQ(failureOf([] { Image().writeTGA("no/such.tga"); }),
-              "Image::writeTGA: Error opening file no/such.tga.");
     EXPECT_EQ(failureOf([] { letters().writeTGA("/dev/full"); }),
               "Image::writeTGA: Error writing data.");
 }

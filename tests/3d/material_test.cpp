@@ -1,6 +1,5 @@
 #include "3d/material.h"
 
-#include "tests/support/failure.h"
 #include "tests/support/picture.h"
 #include "tests/support/temp_dir.h"
 #include "tests/support/window.h"
@@ -8,17 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <tuple>
-
-namespace {
-
-/// Counts how many of its kind have died.
-struct Mortal : ColorRGB {
-    explicit Mortal(int& dead) : dead(dead) {}
-    ~Mortal() override { ++dead; }
-    int& dead;
-};
-
-}  // namespace
 
 TEST(Material, LoadsColoursAndEnvironmentOfItsMode) {
     window();
@@ -41,16 +29,4 @@ TEST(Material, LoadsColoursAndEnvironmentOfItsMode) {
         }
         EXPECT_EQ(material.getTexture()->getTexEnvMode(), environment) << mode;
     }
-}
-
-TEST(Material, FreesEachColourOnceAndOnlyWhenUnused) {
-    int dead = 0;
-    Material material(new Mortal(dead));
-    material.setDiffuse(new Mortal(dead));
-    EXPECT_EQ(dead, 0) << "still the specular colour";
-    material.setSpecular(const_cast<ColorRGB*>(material.getDiffuse()));
-    EXPECT_EQ(dead, 1);
-    EXPECT_EQ(failureOf([&] { Material(new Mortal(dead), nullptr); }),
-              "Material::Material: null pointer");
-    EXPECT_EQ(dead, 2);
 }

@@ -1,13 +1,9 @@
 #include "3d/opengl.h"
 
 #include "3d/camera.h"
-#include "3d/font_factory.h"
 #include "3d/material.h"
 #include "main/exception.h"
-#include "tests/support/temp_dir.h"
 #include "tests/support/window.h"
-#include "xml/xml_element.h"
-#include "xml/xml_parser.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -94,25 +90,4 @@ TEST_F(Renderer, OverlayLeavesTheSceneAlone) {
     EXPECT_THAT(readPixel(290, 410), ElementsAre(0, 0, 0));
     glRectf(-1, -1, 0, 0);
     EXPECT_THAT(readPixel(10, 10), ElementsAre(0, 255, 0)) << "the scene's view again";
-}
-
-// The figure stands in the upper right corner and counts the frames since the timer's last tick.
-TEST_F(Renderer, FrameEndShowsTheFrameRate) {
-    const TempDir folder;
-    XMLParser fonts(folder.write(
-        "fonts.xml",
-        "<!DOCTYPE Fonts><Fonts><GlutFont name='helvetica_big' type='B_HELVETICA_18'/></Fonts>"));
-    FontFactory::getInstance()->load(fonts.getRootElement());
-    const auto shownAfter = [&](int frames) {
-        for (int i = 0; i < frames; ++i) gl.endFrame();
-        EXPECT_EQ(updateFPS(2000, nullptr), 2000u) << "the timer goes on";
-        gl.startFrame(false);
-        gl.endFrame();
-        const Image corner = gl.captureScreen(700, 560, 100, 40);
-        return std::string(reinterpret_cast<const char*>(corner.getPixels()), 100UL * 40 * 4);
-    };
-    shownAfter(0);
-    const std::string none = shownAfter(0);
-    EXPECT_NE(shownAfter(20), none);
-    EXPECT_EQ(shownAfter(0), none);
 }

@@ -21,8 +21,7 @@ TEST(SoundFactory, ReadsAFileOnceAndComplainsOfWhatIsNoSound) {
     const auto play = [&] { return GameSound::getInstance()->playSound(SND_ENGINE, file, 9, 0); };
     const std::string missing = "missing";
     for (const std::string& content :
-         {missing, std::string(), std::string("no sound"), std::string("RIFF"),
-          sounds::wave(1).substr(0, 99), sounds::wave(1, 0), sounds::wave(1, 1, 0),
+         {missing, std::string("no sound"), sounds::wave(1).substr(0, 99), sounds::wave(1, 0),
           sounds::wave(1, 1, 1), sounds::wave(1, 1, 1000000000)}) {
         if (content != missing) dir.write("tone.wav", content);
         const Capture errors(std::cerr);
@@ -61,12 +60,7 @@ void startUp(const char* driver) {
     const Capture log(std::cout);
     std::cerr << failureOf([&] {
         SDLContext::init(SDL_INIT_AUDIO, 1, 1);
-        AudioFactory& mixer = *AudioFactory::getInstance();
-        std::cerr << log.text() << mixer.getVolume(15) << ' ' << mixer.getVolumeMusic() << ' ';
-        for (int i = 0; i < 13; ++i) mixer.incVolumeMusic();
-        std::cerr << mixer.getVolumeMusic() << ' ';
-        for (int i = 0; i < 26; ++i) mixer.decVolumeMusic();
-        std::cerr << mixer.getVolumeMusic() << ", ";
+        std::cerr << log.text() << AudioFactory::getInstance()->getVolume(15) << ", ";
     });
     std::_Exit(0);
 }
@@ -76,7 +70,7 @@ TEST(AudioFactory, StartsWithTheProgramAndHasItsOwnVolumes) {
     EXPECT_EXIT(startUp("dummy"), testing::ExitedWithCode(0),
                 testing::Eq("SDL: initializing audio...\nSDL: AudioFactory:\n"
                             "* sampling rate: 22050\n* channels: 16\n* buffer size: 4096 byte\n"
-                            "40 64 127 0, nothing thrown"));
+                            "40, nothing thrown"));
     EXPECT_EXIT(startUp("nosuch"), testing::ExitedWithCode(0),
                 testing::Eq("No available audio device"));
 }

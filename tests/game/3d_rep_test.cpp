@@ -42,23 +42,34 @@ TEST(Slots, TakeWhatFitsAndPlaceIt) {
 }
 
 // A part that has exploded is gone; what hangs on it is still there until it explodes as well. The
-// explosions themselves are not drawn where no camera watches.
+// explosions themselves are not drawn where no camera watches. They may spread with every update:
+// early to what is mounted, from their middle on to the parent. The pictures take 3232 to 4848
+// milliseconds.
 TEST(Parts, AreDrawnAtTheirSlotsUntilTheyExplode) {
-    Parts p;
-    _3D_Rep& hull = *p.hull;
-    hull.addItem(2, p.wing.get());
     const Stage stage;
-    const auto drawn = [&] {
-        const std::array black{0, 0, 0};
-        stage.clear();
-        hull.draw(DRAW_FLAT);
-        return std::pair(stage.at(0, 0) != black, stage.at(4, 1) != black);
-    };
-    EXPECT_EQ(drawn(), std::pair(true, true));
-    hull.explode();
-    EXPECT_EQ(drawn(), std::pair(false, true));
-    hull.update(5000);
-    EXPECT_EQ(drawn(), std::pair(false, false)) << "the explosion has reached the wing";
+    for (const bool from_hull : {true, false}) {
+        Parts p;
+        _3D_Rep& hull = *p.hull;
+        hull.addItem(2, p.wing.get());
+        const auto drawn = [&](int time) {
+            const std::array black{0, 0, 0};
+            hull.update(time);
+            for (int i = 0; i < 300; ++i) hull.update(0);
+            stage.clear();
+            hull.draw(DRAW_FLAT);
+            return std::pair(stage.at(0, 0) != black, stage.at(4, 1) != black);
+        };
+        EXPECT_EQ(drawn(0), std::pair(true, true));
+        (from_hull ? hull : *p.wing).explode();
+        EXPECT_EQ(drawn(960), std::pair(!from_hull, from_hull));
+        EXPECT_EQ(drawn(640), std::pair(!from_hull, false));
+        EXPECT_EQ(drawn(850), std::pair(false, false));
+    }
+    Parts p;
+    std::string dud = "<Wing name='dud'" + p.yard.body() + "/>";
+    p.yard.load(dud.replace(dud.find("starship_"), 9, "no_"));
+    EXPECT_EQ(failureOf([&] { std::unique_ptr<Wing>(p.store.getWing("dud"))->explode(); }),
+              "GFX_Factory::getAnimation: no such AnimatedSprite (no_explosion)");
 }
 
 // The picture of an explosion faces the camera from every side, wherever the ship has turned, and
@@ -70,13 +81,14 @@ TEST(Parts, ExplodeTowardsTheCamera) {
     hull.transformBoundingObject(Point4(), Vector4(0, 0, 1, 1), Vector4(0, 1, 0, 1));
     hull.explode();
     const float edge = hull.getBoundingObject()->getRadius() * 4;
-    for (const auto& [eye, target, seen] : {std::tuple<Point4, Point4, bool>  //
-                                            {{30, 0, 0, 1}, {}, true},
-                                            {{20, 20, 5, 1}, {}, true},
-                                            {{0, -30, 0.001f, 1}, {}, true},
-                                            {{0, 0, 30, 1}, {0, edge - 0.2f, 0, 1}, true},
-                                            {{0, 0, 30, 1}, {0, edge + 0.2f, 0, 1}, false},
-                                            {{}, {0, 0, -1, 1}, false}}) {
+    const std::tuple<Point4, Point4, bool> views[] = {
+        {{30, 0, 0, 1}, {}, true},
+        {{20, 20, 5, 1}, {}, true},
+        {{0, -30, 0.001f, 1}, {}, true},
+        {{0, 0, 30, 1}, {0, edge - 0.2f, 0, 1}, true},
+        {{0, 0, 30, 1}, {0, edge + 0.2f, 0, 1}, false},
+        {{}, {0, 0, -1, 1}, false}};
+    for (const auto& [eye, target, seen] : views) {
         SimpleGameCamera camera(eye, Vector4(0, 1, 0, 1), target);
         OpenGLContext::getInstance()->setCurrentCamera(&camera);
         OpenGLContext::getInstance()->startFrame(true);
@@ -84,44 +96,6 @@ TEST(Parts, ExplodeTowardsTheCamera) {
         hull.draw(DRAW_TEXTURE);
         EXPECT_EQ(readPixel(400, 300)[0] == 255, seen) << eye << target;
     }
-}
-
-/// A part without a body, which counts its explosions.
-struct Fuse : _3D_Rep {
-    explicit Fuse(const std::string& explosion = "starship_explosion") : _3D_Rep(SLOT_WING) {
-        setExplosionName(explosion);
-        addSlot(SLOT_WING, Point4(), Vector4(0, 0, 1, 1), Vector4(0, 1, 0, 1));
-    }
-    void resetStarshipControl() override { ++started; }
-    int started = 0;
-};
-
-// An explosion may spread with every update: early to what is mounted, from its middle on to the
-// parent, and at its end to both. Ends lie within a fifth of the 4040 milliseconds of the sprite.
-TEST(Parts, SpreadTheirExplosionsByChance) {
-    sprites::registerExplosions();
-    srand(1);
-    for (const auto& [time, parents, items] : {std::tuple(960, 0., 0.),
-                                               {1600, 0., 50.},
-                                               {3220, 50., 50.},
-                                               {4040, 525., 525.},
-                                               {4848, 1000., 1000.}}) {
-        int burning_parents = 0, burning_items = 0;
-        for (int i = 0; i < 1000; ++i) {
-            Fuse parent, part, item;
-            parent.addItem(&part);
-            part.addItem(&item);
-            for (int twice = 0; twice < 2; ++twice) part.explode();
-            parent.update(time);
-            burning_parents += parent.started;
-            burning_items += item.started;
-            ASSERT_EQ(part.started, 1);
-        }
-        EXPECT_NEAR(burning_parents, parents, parents * 0.3) << time;
-        EXPECT_NEAR(burning_items, items, items * 0.3) << time;
-    }
-    EXPECT_EQ(failureOf([] { Fuse("splash").explode(); }),
-              "GFX_Factory::getAnimation: no such AnimatedSprite (splash)");
 }
 
 }  // namespace

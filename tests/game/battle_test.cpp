@@ -1,23 +1,19 @@
 // What a galaxy full of ships does to the heap in the course of time.
 
-#include "game/galaxy.h"
 #include "game/game_event.h"
 #include "game/laser.h"
 #include "tests/support/allocations.h"
-#include "tests/support/probe.h"
-#include "tests/support/ship_yard.h"
+#include "tests/support/pilots.h"
 #include "tests/support/silence.h"
 #include "tests/support/tiny_game.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <list>
 
 namespace {
 
-struct Arena : Galaxy {
-    using Galaxy::add, Galaxy::detectCollisions, Galaxy::Galaxy;
+struct Arena : Pilots::Space {
+    using Space::Space;
 
     void pass(int milliseconds) {
         update(milliseconds);
@@ -58,12 +54,7 @@ struct BattleTest : testing::Test {
         "<Slot type='Wing' trans_offset='P(-32|0|0)'/><Slot type='Wing' "
         "trans_offset='P(32|0|0)'/></Hull>"
         "<Tank name='depot' mass='1' size='1' fuel='100000000'/><Radar name='radar' mass='1' "
-        "power='1' size='1' range='1500' cloak_cat='0'/>"
-        "<TorpedoLauncher name='launcher' power='10' maxload='9' range='900' type='torpedo' "
-        "sound=''" +
-        yard.body() +
-        "/><Torpedo name='torpedo' mass='1' size='1' power='60' "
-        "speed='200' range='900' cloak_cat='0' lose_dist='0'/>");
+        "power='1' size='1' range='1500' cloak_cat='0'/>");
     Arena arena{yard.element(yard.galaxyElement()), nullptr};
 };
 

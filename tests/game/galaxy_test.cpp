@@ -1,7 +1,6 @@
 #include "game/galaxy.h"
 
 #include "3d/color_rgba.h"
-#include "3d/opengl.h"
 #include "3d/vapor_trail.h"
 #include "game/control.h"
 #include "game/game_camera_interface.h"
@@ -13,22 +12,15 @@
 #include "game/torpedo.h"
 #include "game/world.h"
 #include "tests/support/events.h"
-#include "tests/support/failure.h"
 #include "tests/support/landing.h"
-#include "tests/support/probe.h"
-#include "tests/support/ship_yard.h"
+#include "tests/support/pilots.h"
 #include "tests/support/tiny_game.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
 
 namespace {
 
 /// A galaxy whose time passes at a test's command.
-struct SteppedGalaxy : Galaxy {
-    explicit SteppedGalaxy(const XMLElement& element) : Galaxy(element, nullptr) {}
-    using Galaxy::detectCollisions, Galaxy::show, Galaxy::update;
+struct SteppedGalaxy : Pilots::Space {
+    explicit SteppedGalaxy(const XMLElement& element) : Space(element, nullptr) {}
     /// An object that nothing collides with.
     Probe* put(int id, float x = 0, float z = 0, GAMEOBJenum type = GO_SUN) {
         return put(std::make_unique<Probe>(id, x, z, type));
@@ -39,29 +31,14 @@ struct SteppedGalaxy : Galaxy {
         add(std::move(object));
         return placed;
     }
-    /// Takes a shot in as if a ship had fired it.
-    template <class Fired, class Shot>
-    Shot* shoot(Shot* shot, const Point4& position) {
-        shot->setPosition(position);
-        shot->setVelocity(0);
-        put(1)->deed = [shot] { throw Fired({shot}); };
-        update(0);
-        put(1);
-        return shot;
-    }
 };
 
-struct GalaxyTest : testing::Test {
-    GalaxyTest() { OpenGLContext::getInstance()->setShowFPS(false); }  // there are no fonts
-    ~GalaxyTest() override { OpenGLContext::getInstance()->setShowFPS(true); }
-
+struct GalaxyTest : Pilots {
     /// Flies with keys and modifiers pressed ahead, one for each frame, and closes the window.
     LVLenum run(std::vector<std::pair<SDLKey, int>> keys) {
         events::flush();
-        SDL_Event event{};
-        event.type = SDL_KEYDOWN;
         for (auto [key, modifier] : keys) {
-            event.key.keysym.sym = key;
+            SDL_Event event = ShipYard::key(key);
             event.key.keysym.mod = static_cast<SDLMod>(modifier);
             SDL_PushEvent(&event);
         }
@@ -69,7 +46,6 @@ struct GalaxyTest : testing::Test {
         return galaxy.run(player.get());
     }
 
-    ShipYard yard;
     const TempDir dir;
     XMLElement empty =
         yard.element("<Galaxy space_bg_size='100' space_bg_texture='" +
@@ -110,60 +86,38 @@ TEST_F(GalaxyTest, FadedObjectsGoAndKeptSlotsReadNull) {
         kept.push_back(ended.getObjectById(1));
     }
     for (const ObjectSlot& slot : kept) EXPECT_EQ(*slot, nullptr);
-    galaxy.put(5)->deed = [] { throw GameEvent(); };
-    EXPECT_THROW(galaxy.update(1), GameEvent) << "what no rule knows travels on";
-}
-
-TEST_F(GalaxyTest, LineFindsTheNearestObject) {
-    const Probe* far = galaxy.put(1, 0, 80);
-    const Probe* near = galaxy.put(2, 0.5, 50);
-    galaxy.put(3, -0.5, 50);  // as near: the lower id is found
-    galaxy.put(4, 5, 10);
-    const Probe* own = galaxy.put(5);
-    galaxy.getObjectById(6);  // an entry without an object
-    const Point4 start(0, 0, -20, 1);
-    EXPECT_EQ(*galaxy.getObjectByLine(own, start, Point4(0, 0, 100, 1)), near);
-    EXPECT_EQ(*galaxy.getObjectByLine(far, start, Point4(0, 0, 100, 1)), own);
-    EXPECT_EQ(galaxy.getObjectByLine(own, start, Point4(0, 0, 40, 1)), nullptr);
-
-    const Point4 end(0, 0, 3e19f, 1);  // so far that the distance is no longer finite
-    Probe* beyond = galaxy.put(6, 0, end.z);
-    EXPECT_EQ(*galaxy.getObjectByLine(own, start, end), beyond);
-}
-
-TEST_F(GalaxyTest, LoadsPlanetsAndShips) {
-    const std::string planet = "<Planet id='1' name='' pos='P(0|0|0)' velocity='0'" + yard.body();
-    const std::string children = "<X/>" + planet + "/>" + planet + "/>" + ShipYard::shipElement();
-    SteppedGalaxy loaded(yard.element(yard.galaxyElement(children)));
-    EXPECT_EQ((*loaded.getObjectById(0x2001))->getGalaxy(), &loaded);
-    const auto* ship = static_cast<Starship*>(*loaded.getObjectById(0x5003));
-    EXPECT_EQ(ship->getShield()->getMaxEnergy(), 20u) << "the simple one";
-    const XMLElement faulty = yard.element("<Galaxy>" + children + "</Galaxy>");
-    EXPECT_EQ(failureOf([&] { SteppedGalaxy{faulty}; }), "no such attribute: space_bg_texture");
 }
 
 TEST_F(GalaxyTest, LevelsHaveGalaxiesOfTheirOwnAndPlaceTheShip) {
-    const std::string sky = "<Galaxy id='4'" + yard.galaxyElement().substr(7);
-    World::init(yard.element("<WorldSection><Universe id='2'/><Heaven id='7'/><Universe id='2'>    "
-                             "                         " +
-                             sky + "</Universe></WorldSection>"),
+    const std::string sky =
+        "<Galaxy id='4'" + yard.galaxyElement("<X/>" + ShipYard::shipElement()).substr(7);
+    World::init(yard.element("<WorldSection><Universe id='2'/><Universe id='2'>" + sky +
+                             "</Universe></WorldSection>"),
                 nullptr);
-    EXPECT_NE(World::getInstance()->getGalaxies(2).at(4),
-              World::getInstance()->getGalaxies(2).at(4));
-    const auto load = [&](const std::string& place) {
-        Level(yard.element("<Level user_starship_position='P(1|2|3)' user_starship_up='V(1|0|0)' "
-                           "user_starship_orientation='V(0|0|-1)' " +
-                           place + "><Soundtrack file='a'/><StoryTeller/></Level>"),
-              player.get());
-    };
-    load("universe_id='2' start_galaxy='4'");
+    const auto galaxies = World::getInstance()->getGalaxies(2);
+    EXPECT_NE(galaxies.at(4), World::getInstance()->getGalaxies(2).at(4));
+    const auto* ship = static_cast<Starship*>(*galaxies.at(4)->getObjectById(0x5003));
+    EXPECT_EQ(ship->getShield()->getMaxEnergy(), 20u) << "the simple one";
+    const std::string fourth = "universe_id='2' start_galaxy='4'", story = "<StoryTeller/>";
+    const std::tuple<std::string, std::string, std::string> levels[] = {
+        {fourth, "<Soundtrack file='a'/>" + story, "nothing thrown"},
+        {fourth, story + story,
+         "storyTeller::createInstance: instance already set - delete instance first!"},
+        {fourth, story + "<Epilogue/>",
+         "Level::Level: invalid game file (wrong node type: Epilogue)"},
+        {fourth, "", "storyTeller::destroyInstance: instance not set - create instance first!"},
+        {"universe_id='2' start_galaxy='5'", story,
+         "Level::Level: start galaxy doesn't exist (id 5)"}};
+    for (const auto& [place, children, failure] : levels) {
+        const XMLElement level = yard.element(
+            "<Level user_starship_position='P(1|2|3)' user_starship_up='V(1|0|0)' "
+            "user_starship_orientation='V(0|0|-1)' " +
+            place + ">" + children + "</Level>");
+        EXPECT_EQ(failureOf([&] { Level(level, player.get()); }), failure);
+    }
     EXPECT_EQ(player->getPosition(), Point4(1, 2, 3, 1));
     EXPECT_EQ(player->getHeading(), Vector4(0, 0, -1, 1));
     EXPECT_EQ(player->getUp(), Vector4(1, 0, 0, 1));
-    EXPECT_EQ(failureOf([&] { load("universe_id='7'"); }),
-              "World::getUniverse: invalid game file (wrong node type (Universe))");
-    EXPECT_EQ(failureOf([&] { load("universe_id='2' start_galaxy='5'"); }),
-              "Level::Level: start galaxy doesn't exist (id 5)");
     World::getInstance()->destroy();
 }
 
@@ -199,12 +153,12 @@ TEST_F(GalaxyTest, DrawsWhatIsInViewUntilThePlayerIsLost) {
 }
 
 struct CollisionTest : GalaxyTest {
-    Starship* ship(const std::string& id, const Point4& position) {
+    Starship* drone(const std::string& id, const Point4& position) {
         std::string text = ShipYard::shipElement();
-        auto made = std::make_unique<Starship>(
-            yard.element(text.replace(text.find("'3'"), 3, "'" + id + "'")));
+        text.replace(text.find("id='3'"), 6, "id='" + id + "'");
+        Starship* made = galaxy.put(std::make_unique<Starship>(yard.element(text)));
         made->setPosition(position);
-        return galaxy.put(std::move(made));
+        return made;
     }
     /// A planet at the origin that is touched up to 120 units away.
     Planet* planet(const std::string& id) {
@@ -212,19 +166,23 @@ struct CollisionTest : GalaxyTest {
             yard.element("<Planet id='" + id + "' name='Rock' pos='P(0|0|0)' velocity='0' rep3d='" +
                          dir.write("rock.ASE", boxModel(100)) + "'/>")));
     }
+    /// Takes a shot in as if a ship had fired it.
+    template <class Fired, class Shot>
+    Shot* shoot(Shot* shot, float x) {
+        shot->setPosition(place(x, 0, 0));
+        shot->setVelocity(0);
+        galaxy.put(1)->deed = [shot] { throw Fired({shot}); };
+        galaxy.update(0);
+        galaxy.put(1);
+        return shot;
+    }
     Laser* laser(float x) {
-        const Vector4 ahead(0, 0, 1, 1), up(0, 1, 0, 1);
-        return galaxy.shoot<LaserFiredEvent>(new Laser(nullptr, 50, Point4(), ahead, up, 0),
-                                             Point4(x, 0, 0, 1));
+        return shoot<LaserFiredEvent>(
+            new Laser(nullptr, 50, Point4(), direction(0, 0, 1), direction(0, 1, 0), 0), x);
     }
     Torpedo* torpedo(float x) {
-        return galaxy.shoot<TorpedoFiredEvent>(PartStore::getInstance()->getTorpedo("torpedo"),
-                                               Point4(x, 0, 0, 1));
+        return shoot<TorpedoFiredEvent>(PartStore::getInstance()->getTorpedo("torpedo"), x);
     }
-
-    const int torpedoes = yard.load(
-        "<Torpedo name='torpedo' mass='1' size='1' power='30' speed='200' range='2000' "
-        "cloak_cat='0' lose_dist='0'/>");
 };
 
 TEST_F(CollisionTest, ShotsAndShipsEndByWhatTheyTouch) {
@@ -235,53 +193,51 @@ TEST_F(CollisionTest, ShotsAndShipsEndByWhatTheyTouch) {
     EXPECT_EQ(*galaxy.getObjectById(0x7001), nullptr);
     EXPECT_EQ(crashed->getTTL(), 0) << "bursts with its next update";
 
-    const Torpedo* first = torpedo(200);
-    const Torpedo* second = torpedo(202);
-    const Torpedo* target = torpedo(300);
+    const Torpedo* others[] = {torpedo(200), torpedo(202), torpedo(300)};
     laser(301);
     laser(330);
     EXPECT_FALSE(galaxy.detectCollisions());
-    for (const Torpedo* gone : {first, second, target}) EXPECT_EQ(gone->getTTL(), 0);
+    for (const Torpedo* gone : others) EXPECT_EQ(gone->getTTL(), 0);
     EXPECT_EQ(*galaxy.getObjectById(0x7002), nullptr);
     EXPECT_NE(*galaxy.getObjectById(0x7003), nullptr) << "touches nothing";
 
-    const Starship* hit = ship("7", Point4(400, 0, 0, 1));
+    const Starship* hit = drone("7", Point4(400, 0, 0, 1));
     Laser* spent = laser(400);
     EXPECT_FALSE(galaxy.detectCollisions());
     EXPECT_EQ(hit->getHull()->getIntegrity(), 50);
     EXPECT_EQ(spent->getEnergy(), 0);
 
-    for (const char* id : {"8", "9"}) ship(id, Point4(0, 500, 0, 1));
-    ship("10", Point4(0, 120, 0, 1));
+    for (const char* id : {"8", "9"}) drone(id, Point4(0, 500, 0, 1));
+    drone("10", Point4(0, 120, 0, 1));
     EXPECT_TRUE(galaxy.detectCollisions());
     EXPECT_EQ(*galaxy.getObjectById(0x500a), nullptr) << "vanishes on the planet";
     galaxy.update(4100);
     for (int id : {0x5008, 0x5009}) EXPECT_EQ(*galaxy.getObjectById(id), nullptr) << "burst";
-    galaxy.put(2, 900, 900, static_cast<GAMEOBJenum>(0x800));
-    EXPECT_EQ(failureOf([&] { galaxy.detectCollisions(); }),
-              "Galaxy::detectCollisions: invalid GameObject type");
 }
 
-// The player takes off away from the planet, far enough not to land again at once.
+// The landing screen waits for a key, whatever else happens meanwhile. The player takes off away
+// from the planet, far enough not to land again at once.
 TEST_F(CollisionTest, PlayerLandsAndTakesOffClearOfThePlanet) {
-    struct Landing {
-        const char* planet;
-        Point4 from;
-        float height, velocity;
-    };
     loadLandingFonts(yard);
     const float clear = 120 + std::sqrt(3.0F) + 1;  // planet, ship, and a bit
     for (const auto& [id, from, height, velocity] :
-         {Landing{"1", Point4(0, 120, 0, 1), 170, 10}, Landing{"1", Point4(0, -5, 0, 1), clear, 10},
-          Landing{"1", Point4(), clear, 10}, Landing{"40000", Point4(0, 119, 0, 1), 219, 30}}) {
+         {std::tuple("1", Point4(0, 120, 0, 1), 170.F, 10.F),
+          {"1", Point4(), clear, 10},
+          {"40000", Point4(0, 119, 0, 1), 219, 30}}) {
         const Planet* rock = planet(id);
         run({});
         player->setPosition(from);
         player->setVelocity(30);
         player->setOrientation(Vector4(0, 0, 1, 1));
         galaxy.update(0);
-        events::push(SDL_KEYDOWN);
+        for (const Uint8 type : {SDL_KEYUP, SDL_KEYDOWN}) events::push(type);
         EXPECT_TRUE(galaxy.detectCollisions());
+        EXPECT_EQ(events::flush(), 0) << "the key that went up did not count";
+        for (const int y : {305, 264}) {
+            int lit = 0;
+            for (int x = 300; x < 450; ++x) lit += readPixel(x, y) != std::array{0, 0, 0};
+            EXPECT_GT(lit, 9) << "no text at " << y;
+        }
 
         const Vector4 way(rock->getPosition(), player->getPosition());
         EXPECT_FLOAT_EQ(way.getLength(), height);
@@ -292,13 +248,6 @@ TEST_F(CollisionTest, PlayerLandsAndTakesOffClearOfThePlanet) {
         EXPECT_FALSE(galaxy.detectCollisions()) << "clear of the planet";
         galaxy.put(rock->getId(), 1e6F);
     }
-
-    for (const char* id : {"1", "2"}) planet(id);
-    player->setPosition(Point4(0, -5, 0, 1));
-    galaxy.update(0);
-    events::push(SDL_KEYDOWN, 2);
-    EXPECT_TRUE(galaxy.detectCollisions());
-    EXPECT_FLOAT_EQ(player->getPosition().y, -clear - 50) << "twice from one place";
 }
 
 }  // namespace

@@ -1,16 +1,12 @@
 #include "game/player_control.h"
 
-#include "game/galaxy.h"
 #include "game/game_event.h"
 #include "game/laser.h"
 #include "game/tank.h"
 #include "game/torpedo.h"
 #include "game/torpedo_launcher.h"
-#include "tests/support/geometry.h"
 #include "tests/support/joystick.h"
-#include "tests/support/ship_yard.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/pilots.h"
 
 namespace {
 
@@ -21,6 +17,7 @@ bool fly(const Starship& ship, int time = 0) {
         ship.getControl()->update(time);
     } catch (const LaserFiredEvent& event) {
         for (const Laser* laser : event.getLasers()) delete laser;
+        EXPECT_EQ(event.getLasers().size(), 1u);
         return true;
     } catch (const TorpedoFiredEvent& event) {
         delete event.getTorpedo();
@@ -31,18 +28,18 @@ bool fly(const Starship& ship, int time = 0) {
 
 /// Sends a key through SDL's queue.
 void press(const Starship& ship, SDLKey key, int times = 1) {
-    SDL_Event event = {SDL_KEYDOWN};
-    event.key.keysym.sym = key;
+    SDL_Event event = ShipYard::key(key);
     for (int i = 0; i < times; ++i) SDL_PushEvent(&event);
     while (SDLContext::getInstance()->pollEvent(event)) ship.getControl()->handleEvents(event);
 }
 
-/// The player in a ship with one cannon.
+/// The player in a ship with a cannon that fires, and one on the hull, to be seen and hit.
 class PlayersShip : public testing::Test {
 protected:
     ShipYard yard;
     std::unique_ptr<Starship> ship = yard.ship(
-        "<UserControl/><WingConfig type='wing'><CannonConfig type='cannon'/></WingConfig>");
+        "<UserControl/><CannonConfig type='cannon'/><WingConfig type='wing'><CannonConfig "
+        "type='cannon'/></WingConfig>");
 };
 
 TEST_F(PlayersShip, TurnsAfterAKeyByADegreeIn300MillisecondsUntilItsOpponentIsPressed) {
@@ -70,15 +67,10 @@ TEST_F(PlayersShip, ObeysThrottleAndTriggerUntilTheTankIsEmpty) {
     EXPECT_EQ(ship->getControl()->getThrottle(), 100);
     press(*ship, SDLK_BACKSPACE);
     EXPECT_FALSE(fly(*ship)) << "no launcher, no torpedo";
-    yard.load(
-        "<Torpedo name='shark' mass='1' power='1' size='1' speed='1' range='1' cloak_cat='0' "
-        "lose_dist='0'/>");
-    ship->setTorpedoLauncher(new TorpedoLauncher(yard.element(
-        "<TorpedoLauncher name='' power='1' type='shark' sound='' maxload='1' range='1'" +
-        yard.body() + "/>")));
-    for (bool launched : {true, false}) {
+    ship->setTorpedoLauncher(PartStore::getInstance()->getTorpedoLauncher("launcher"));
+    for (bool launched : {true, true, false}) {
         press(*ship, SDLK_BACKSPACE);
-        EXPECT_EQ(fly(*ship), launched) << "a launcher of one torpedo";
+        EXPECT_EQ(fly(*ship), launched) << "there is charge for two torpedoes";
     }
 
     ship->getTank()->drawFuel(1000);
@@ -88,22 +80,24 @@ TEST_F(PlayersShip, ObeysThrottleAndTriggerUntilTheTankIsEmpty) {
         press(*ship, SDLK_d, 50);
     }
     EXPECT_THAT(ship->getOrientation(), IsNear(direction(0, 0, 1)));
-    EXPECT_FLOAT_EQ(ship->getVelocity(), 50) << "it drifts on";
     EXPECT_EQ(ship->getControl()->getThrottle(), 0);
+    ship->update(1000);
+    EXPECT_EQ(ship->getPosition(), place(0, 0, 50)) << "it drifts on";
 }
 
-TEST_F(PlayersShip, SelectsWhatIsAheadAndKeepsTheTargetWhenNothingIs) {
+// Keeps its target when nothing is ahead, but not when the target is too far away to be shot at.
+TEST_F(PlayersShip, SelectsWhatIsAhead) {
     const std::string rock = "<Planet id='7' name='Rock' pos='P(0|0|490)' velocity='0'";
-    struct Space : Galaxy {
-        using Galaxy::add, Galaxy::Galaxy;
-    } space(yard.element(yard.galaxyElement(rock + yard.body() + "/>")), nullptr);
+    Pilots::Space space(yard.element(yard.galaxyElement(rock + yard.body() + "/>")), nullptr);
     Starship& flown = *ship;
     space.add(std::move(ship));
-    for (auto [x, z, presses, found] :
-         {std::tuple{0.f, -100.f, 1, false}, {0, 0, 0, false}, {0, 0, 1, true}, {50, 0, 1, true}}) {
+    const std::tuple<float, float, int, bool> frames[] = {{0, -100, 1, false}, {0, 0, 0, false},
+                                                          {0, 0, 1, true},     {50, 0, 1, true},
+                                                          {0, -510, 0, true},  {0, -511, 0, false}};
+    for (auto [x, z, presses, found] : frames) {
         flown.setPosition(place(x, 0, z));
         press(flown, SDLK_SPACE, presses);
-        fly(flown);
+        flown.update(0);
         EXPECT_EQ(flown.getSelectedObject() && *flown.getSelectedObject(), found) << x << z;
     }
 }

@@ -18,12 +18,10 @@ TEST(Shield, LivesOnTheBattery) {
         yard.element("<Shield name='' mass='1' size='1' power='1000' efficiency='500' loss='10' "
                      "strength='101'/>"));
     ship->setShield(&shield);
-    for (const auto& [time, energy, charge, red] : {std::tuple(0, 50.f, 100.f, 101),
-                                                    {1000, 51, 78, 103},
-                                                    {3000, 54, 12, 108},
-                                                    {1000, 50, 0, 101},
-                                                    {3900, 11, 0, 27},
-                                                    {100, 10, 0, 0}}) {
+    const std::array<int, 4> steps[] = {{0, 50, 100, 101},   {1000, 51, 78, 103},
+                                        {3000, 54, 12, 108}, {1000, 50, 0, 101},
+                                        {3900, 11, 0, 27},   {100, 10, 0, 0}};
+    for (const auto& [time, energy, charge, red] : steps) {
         shield.update(time);
         EXPECT_FLOAT_EQ(shield.getCurrentEnergy(), energy);
         EXPECT_NEAR(ship->getReactor()->getBatCharge(), charge, 1e-3);

@@ -18,16 +18,8 @@
 
 namespace {
 
-/// Hands each line that is written to a stream to a test, as it is written.
-class LineWatch : std::streambuf {
-public:
-    LineWatch(std::ostream& stream, std::function<void(const std::string&)> watcher)
-        : stream(stream), watcher(std::move(watcher)), original(stream.rdbuf(this)) {}
-    ~LineWatch() override { stream.rdbuf(original); }
-    LineWatch(const LineWatch&) = delete;
-    LineWatch& operator=(const LineWatch&) = delete;
-
-private:
+/// A stream's buffer that hands each line to a test, as it is written.
+struct LineWatch : std::streambuf {
     int overflow(int character) override {
         if (character == '\n')
             watcher(std::exchange(line, ""));
@@ -35,50 +27,44 @@ private:
             line += static_cast<char>(character);
         return character;
     }
-
-    std::ostream& stream;
     std::function<void(const std::string&)> watcher;
-    std::streambuf* original;
     std::string line;
 };
 
-void type(SDLKey key, int times = 1) {
-    SDL_Event event{};
-    event.type = SDL_KEYDOWN;
-    event.key.keysym.sym = key;
-    for (; times > 0; --times) SDL_PushEvent(&event);
-}
-
 /// Starts from the menu, shoots in flight, and leaves the landing screen.
 Uint32 typeReturn(Uint32 interval, void*) {
-    type(SDLK_RETURN);
+    events::push(SDL_KEYDOWN, 1, SDLK_RETURN);
     return interval;
 }
 
 /// Level one: a drone vanishes on a planet, then the player lands there. Level two: the landing.
 void makeLevels(TinyGame& tiny) {
-    const std::string level =
-        "<Level universe_id='1' start_galaxy='1' user_starship_position='P(0|0|0)' "
-        "user_starship_orientation='V(0|0|1)' user_starship_up='V(0|1|0)'><StoryTeller>";
-    const std::string end = "<State level_end='finished'/></StoryTeller></Level>";
     const auto state = [](const std::string& deed, int next) {
         return "<State><Transition " + deed + " new_state='" + std::to_string(next) + "'/></State>";
     };
     const std::string lost = "event='destroyed' object='starship' id='5'",
                       landed = "event='landed_on' object='planet' id='1'";
-    const size_t from = tiny.getXml().find("<Level "), to = tiny.getXml().find("</LevelSection>");
-    tiny.replace(tiny.getXml().substr(from, to - from),
-                 level + state(lost, 1) + state(landed, 2) + end + level + state(landed, 1) + end);
-    tiny.replace("pos='P(0|0|400)' velocity='0'/>",
-                 "pos='P(0|0|150)' velocity='0'/>"
+    const std::string& xml = tiny.getXml();
+    const size_t from = xml.find("<Level "), to = xml.find("<StoryTeller/>");
+    const std::string level = xml.substr(from, to - from), start = "<StoryTeller>",
+                      end = "<State level_end='finished'/></StoryTeller>";
+    tiny.replace("<StoryTeller/>", start + state(lost, 1) + state(landed, 2) + end + "</Level>" +
+                                       level + start + state(landed, 1) + end);
+    // Too large a planet to be missed in a slow frame.
+    tiny.write("data/planet.ASE", boxModel(20));
+    tiny.replace("rep3d='../data/box.ASE' pos='P(0|0|400)' velocity='0'/>",
+                 "rep3d='../data/planet.ASE' pos='P(0|0|150)' velocity='0'/>"
                  "<Starship id='5' name='Drone' pos='P(0|0|150)' orientation='V(0|0|1)' "
                  "up='V(0|1|0)' hull='hull' engine='engine' reactor='reactor' tank='tank'/>");
 }
 
+Starship* player() {
+    return dynamic_cast<Starship*>(CameraManagement::getInstance()->getPlayerObject());
+}
+
 /// The ship that is flown, and that a level begins with when it is not the first of a game.
 std::string describe() {
-    const auto* ship =
-        dynamic_cast<const Starship*>(CameraManagement::getInstance()->getPlayerObject());
+    const Starship* ship = player();
     if (!ship) return "no ship\n";
     std::ostringstream text;
     text << ship->getTorpedoLauncher()->getLoad() << " torpedoes, "
@@ -95,27 +81,24 @@ std::string describe() {
     window();
     std::string story;
     int starts = 0;
-    const auto follow = [&](const std::string& line) {
+    LineWatch watch;
+    watch.watcher = [&](const std::string& line) {
         if (line == "GAME: running level...") {
             story += "level: " + describe();
-            type(SDLK_UP, 10);
-            type(SDLK_BACKSPACE);
+            events::push(SDL_KEYDOWN, 10, SDLK_UP);
+            events::push(SDL_KEYDOWN, 1, SDLK_BACKSPACE);
             if (++starts == 3) events::push(SDL_QUIT);
         }
-        if (line == "!! GAME(5): removing Drone" && starts == 1)
-            dynamic_cast<Starship&>(*CameraManagement::getInstance()->getPlayerObject())
-                .getHull()
-                ->damage(40);
+        if (line == "!! GAME(5): removing Drone" && starts == 1) player()->getHull()->damage(40);
         if (line == "!! GAME(5): removing Rock" && starts == 3) story += describe();
         if (line == "GAME: reloading player starship..." || line == "!! MAIN(4): button 2 pressed")
             story += line + '\n';
     };
+    std::cout.rdbuf(&watch);
     {
-        const LineWatch watch(std::cout, follow);
         Game game("../data/game.xml");
-        const SDL_TimerID typist = SDL_AddTimer(300, typeReturn, nullptr);
+        SDL_AddTimer(300, typeReturn, nullptr);
         game.start();
-        SDL_RemoveTimer(typist);
     }
     std::cerr << story;
     std::_Exit(0);

@@ -9,8 +9,6 @@ class Capture {
 public:
     explicit Capture(std::ostream& stream) : stream(stream), original(stream.rdbuf(kept.rdbuf())) {}
     ~Capture() { stream.rdbuf(original); }
-    Capture(const Capture&) = delete;
-    Capture& operator=(const Capture&) = delete;
 
     std::string text() const { return kept.str(); }
 

@@ -5,9 +5,11 @@
 /// What waits in the queue of input events.
 namespace events {
 
-inline void push(Uint8 type, int count = 1) {
+inline void push(Uint8 type, int count = 1, SDLKey key = SDLK_UNKNOWN) {
     SDL_Event event{};
-    for (event.type = type; count > 0; --count) SDL_PushEvent(&event);
+    event.type = type;
+    if (type == SDL_KEYDOWN) event.key.keysym.sym = key;
+    for (; count > 0; --count) SDL_PushEvent(&event);
 }
 
 /// Empties the queue and tells how many key presses were left in it.

@@ -6,14 +6,12 @@
 
 #include <chrono>
 #include <string>
-#include <vector>
 
 /// The real program as a process of its own, in a given working directory.
 class GameRun {
 public:
-    /// Starts the program; `display` is empty for the display of the tests.
-    explicit GameRun(const std::string& directory, const std::string& display = "");
-    ~GameRun();
+    explicit GameRun(const std::string& directory);
+    ~GameRun() { wait(std::chrono::seconds(0)); }
     GameRun(const GameRun&) = delete;
     GameRun& operator=(const GameRun&) = delete;
 
@@ -21,19 +19,16 @@ public:
     /// killed after the time allowed.
     int wait(std::chrono::seconds allowed = std::chrono::seconds(60));
     /// Waits until standard output holds the text; false if the program ended or time ran out.
-    bool waitForOutput(const std::string& text,
-                       std::chrono::seconds allowed = std::chrono::seconds(60));
-    bool isRunning();
+    bool waitForOutput(const std::string& text);
 
-    std::string out() const { return readFile(out_file); }
-    std::string err() const { return readFile(err_file); }
+    std::string out() const { return readFile(directory + "/stdout.txt"); }
+    std::string err() const { return readFile(directory + "/stderr.txt"); }
 
 private:
-    std::string out_file, err_file;
+    bool hasEnded();
+
+    std::string directory;
     pid_t pid;
     bool ended = false;
     int status = -1;
 };
-
-/// Runs a command to its end and returns what it wrote to standard output.
-std::string runCommand(const std::string& command);

@@ -39,10 +39,6 @@ SDL_Joystick* SDL_JoystickOpen(int index) {
 
 void SDL_JoystickClose(SDL_Joystick*) {}
 
-int SDL_JoystickEventState(int state) {
-    return state;
-}
-
 int SDL_JoystickNumAxes(SDL_Joystick* stick) {
     return static_cast<int>(stick->axes.size());
 }

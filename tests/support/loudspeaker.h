@@ -17,7 +17,6 @@
 class Loudspeaker {
 public:
     Loudspeaker() {
-        if (const char* driver = getenv("SDL_AUDIODRIVER")) usual_driver = driver;
         setenv("SDL_AUDIODRIVER", "disk", 1);
         setenv("SDL_DISKAUDIOFILE", recording.c_str(), 1);
         setenv("SDL_DISKAUDIODELAY", "1", 1);
@@ -28,10 +27,8 @@ public:
     }
     ~Loudspeaker() {
         close();
-        setenv("SDL_AUDIODRIVER", usual_driver.c_str(), 1);
+        setenv("SDL_AUDIODRIVER", "dummy", 1);
     }
-    Loudspeaker(const Loudspeaker&) = delete;
-    Loudspeaker& operator=(const Loudspeaker&) = delete;
 
     /// Waits for the end of what plays, or for more than a second of it, and switches off. The
     /// loudest moment on the left and on the right, for sounds of that level, in the mixer's
@@ -62,5 +59,4 @@ private:
 
     const TempDir dir;
     const std::string recording = dir.write("heard", "");
-    std::string usual_driver = "dummy";
 };

@@ -13,10 +13,9 @@
 
 /// A pilot whose thoughts a test reads and changes.
 struct Pilot : AIControl {
-    using AIControl::AIControl, AIControl::attack, AIControl::current_state, AIControl::fired,
-        AIControl::nav_point, AIControl::nav_speed, AIControl::select, AIControl::targets,
-        AIControl::throttle, AIControl::tmp_point, AIControl::tmp_point_valid,
-        AIControl::weapon_mode;
+    using AIControl::AIControl, AIControl::current_state, AIControl::fired, AIControl::nav_point,
+        AIControl::nav_speed, AIControl::select, AIControl::targets, AIControl::throttle,
+        AIControl::tmp_point, AIControl::tmp_point_valid;
 };
 
 /// Empty space with ships that stay where a test puts them, and pilots that a test flies itself.

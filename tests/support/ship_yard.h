@@ -15,33 +15,31 @@
 
 /// Where tests build parts and ships from pieces of a game file. Its catalogue holds a hull with
 /// slots for two wings and an engine, a wing with a slot for a weapon, and one of each part that a
-/// ship cannot do without, all named after their kind. Every model is 2 units wide, and no part
-/// absorbs any damage. The shield of all ships of a galaxy holds 10 units and does not leak.
+/// ship cannot do without, a launcher and its torpedo, all named after their kind. Every model is 2
+/// units wide, and no part absorbs any damage. The shield of all ships of a galaxy holds 10 units
+/// and does not leak.
 class ShipYard {
 public:
     ShipYard() {
         sprites::registerExplosions();
         masks::registerShield();
         load("<Hull name='hull' size='7'" + body() + ">" + cockpit() + R"(
-                  <Slot type='Wing' trans_offset='P(-4|0|0)'/>
-                  <Slot type='Engine' trans_offset='P(0|0|-4)'/>
-                  <Slot type='Wing' trans_offset='P(4|1|0)'/></Hull>
-              <Wing name='wing')" +
-             body() + R"(>
-                  <Slot type='Weapon' trans_offset='P(0|0|4)'/></Wing>
-              <Cannon name='cannon' power='10' efficiency='500' sound='')" +
+    <Slot type='Wing' trans_offset='P(-4|0|0)'/><Slot type='Engine' trans_offset='P(0|0|-4)'/>
+    <Slot type='Wing' trans_offset='P(4|1|0)'/></Hull><Wing name='wing')" +
+             body() + R"(><Slot type='Weapon' trans_offset='P(0|0|4)'/></Wing>
+    <Cannon name='cannon' power='10' efficiency='500' sound='')" +
              body() + R"(/>
-              <Engine name='engine' power='1' efficiency='1000' v_max='100' a_max='50' file='')" +
+    <Engine name='engine' power='1' efficiency='1000' v_max='100' a_max='50' file='')" +
              body() + R"(/>
-              <Reactor name='reactor' mass='1' size='1' consumption='10' efficiency='1000'
-                  bat_size='1000'/>
-              <Tank name='tank' mass='1' size='1' fuel='1000'/>
-              <Shield name='Simple Shield' mass='1' size='1' power='1' efficiency='1000'
-                  strength='20' loss='0'/>)");
+    <Reactor name='reactor' mass='1' size='1' consumption='10' efficiency='1000' bat_size='1000'/>
+    <Tank name='tank' mass='1' size='1' fuel='1000'/><Shield name='Simple Shield' mass='1' size='1'
+        power='1' efficiency='1000' strength='20' loss='0'/>
+    <Torpedo name='torpedo' mass='1' size='1' power='50' speed='100' range='300' cloak_cat='0'
+        lose_dist='0'/>
+    <TorpedoLauncher name='launcher' power='40' type='torpedo' maxload='3' range='400' sound='')" +
+             body() + "/>");
     }
     ~ShipYard() { PartStore::getInstance()->clear(); }
-    ShipYard(const ShipYard&) = delete;
-    ShipYard& operator=(const ShipYard&) = delete;
 
     /// The element that the text describes, there for as long as the yard.
     XMLElement element(const std::string& xml) {
@@ -65,6 +63,11 @@ public:
         return "<Starship id='3' name='Ship' pos='P(0|0|0)' orientation='V(0|0|1)' up='V(0|1|0)' "
                "hull='hull' engine='engine' reactor='reactor' tank='tank'>" +
                children + "</Starship>";
+    }
+
+    /// The event of a key pressed.
+    static SDL_Event key(SDLKey pressed) {
+        return {.key = {SDL_KEYDOWN, 0, SDL_PRESSED, {0, pressed, KMOD_NONE, 0}}};
     }
 
     /// A galaxy with a small black sky and the given children.

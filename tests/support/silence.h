@@ -3,8 +3,7 @@
 #include <iostream>
 
 /// Nothing is printed while it lives, and nothing is kept of it.
-class Silence {
-public:
+struct Silence {
     Silence() { std::cout.setstate(std::ios::failbit); }
     ~Silence() { std::cout.clear(); }
     Silence(const Silence&) = delete;

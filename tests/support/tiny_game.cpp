@@ -6,37 +6,21 @@
 #include "tests/support/sounds.h"
 #include "tests/support/sprites.h"
 
-#include <array>
 #include <sstream>
 #include <stdexcept>
 
 std::string boxModel(float half_size) {
-    constexpr std::array<std::array<int, 3>, 12> faces = {{{0, 2, 3},
-                                                           {3, 1, 0},
-                                                           {4, 5, 7},
-                                                           {7, 6, 4},
-                                                           {0, 1, 5},
-                                                           {5, 4, 0},
-                                                           {1, 3, 7},
-                                                           {7, 5, 1},
-                                                           {3, 2, 6},
-                                                           {6, 7, 3},
-                                                           {2, 0, 4},
-                                                           {4, 6, 2}}};
+    // Three corners a face. The bits of a corner's number tell on which side it is.
+    const std::string faces = "023310457764015540137751326673204462";
     std::ostringstream text;
-    text << "*3DSMAX_ASCIIEXPORT 200\n*MATERIAL_LIST {\n*MATERIAL_COUNT 1\n*MATERIAL 0 {\n"
-            "*MATERIAL_NAME \"plain\"\n*MATERIAL_AMBIENT 0.2 0.2 0.2\n"
-            "*MATERIAL_DIFFUSE 0.8 0.4 0.2\n*MATERIAL_SPECULAR 0.5 0.5 0.5\n}\n}\n"
-            "*GEOMOBJECT {\n*NODE_NAME \"box\"\n*MESH {\n*MESH_NUMVERTEX 8\n*MESH_NUMFACES 12\n"
-            "*MESH_VERTEX_LIST {\n";
+    text << "*MATERIAL_COUNT 1\n*MATERIAL 0 {\n*MATERIAL_DIFFUSE 0.8 0.4 0.2\n}\n*GEOMOBJECT {\n";
     for (int i = 0; i < 8; ++i)
         text << "*MESH_VERTEX " << i << ' ' << (i & 1 ? half_size : -half_size) << ' '
              << (i & 2 ? half_size : -half_size) << ' ' << (i & 4 ? half_size : -half_size) << '\n';
-    text << "}\n*MESH_FACE_LIST {\n";
-    for (size_t i = 0; i < faces.size(); ++i)
-        text << "*MESH_FACE " << i << ": A: " << faces[i][0] << " B: " << faces[i][1]
-             << " C: " << faces[i][2] << '\n';
-    text << "}\n}\n*MATERIAL_REF 0\n}\n";
+    for (size_t i = 0; i < faces.size(); i += 3)
+        text << "*MESH_FACE " << i / 3 << ": A: " << faces[i] << " B: " << faces[i + 1]
+             << " C: " << faces[i + 2] << '\n';
+    text << "}\n*MATERIAL_REF 0\n}\n";
     return text.str();
 }
 
@@ -63,15 +47,6 @@ TinyGame& TinyGame::replace(const std::string& piece, const std::string& by) {
         throw std::logic_error("not exactly once in the game file: " + piece);
     xml.replace(at, piece.size(), by);
     return write("data/game.xml", xml);
-}
-
-TinyGame& TinyGame::rename(const std::string& element, const std::string& name) {
-    if (xml.find("</" + element + ">") != std::string::npos)
-        replace("</" + element + ">", "</" + name + ">");
-    for (const char end : {'>', '/', ' '})
-        if (xml.find("<" + element + end) != std::string::npos)
-            return replace("<" + element + end, "<" + name + end);
-    throw std::logic_error("no such element: " + element);
 }
 
 TinyGame& TinyGame::write(const std::string& name, const std::string& content) {

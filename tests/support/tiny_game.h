@@ -16,8 +16,6 @@ public:
 
     /// Replaces one piece of the game file, which must be there exactly once.
     TinyGame& replace(const std::string& piece, const std::string& by);
-    /// Gives an element, which must be there exactly once, another name.
-    TinyGame& rename(const std::string& element, const std::string& name);
     /// Writes a file, named from the folder of the game, such as "data/box.ASE".
     TinyGame& write(const std::string& name, const std::string& content);
 
