@@ -20,6 +20,7 @@
 
 #include <atomic>
 #include <cmath>
+#include <filesystem>
 #include <functional>
 
 using namespace std::string_literals;
@@ -254,9 +255,12 @@ TEST(Flight, MenuStartsPausesAndBeginsAnew) {
 
     screen::act("key alt+c");  // the changing figure of the frame rate would be a difference
     EXPECT_TRUE(eventually([&] {
+        const std::string shot = game.getDirectory() + "/screenshot.tga";
+        constexpr size_t header = 18, whole = header + 800UL * 600 * 3;
+        std::filesystem::remove(shot);
         screen::act("key Print");
-        const std::string file = readFile(game.getDirectory() + "/screenshot.tga");
-        return file.size() > 18 && file.substr(18) == encode(screen::capture());
+        return eventually([&] { return readFile(shot).size() == whole; }) &&
+               readFile(shot).substr(header) == encode(screen::capture());
     }));
 
     screen::act("key Escape");
