@@ -14,7 +14,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include <array>
+#include <ctime>
 #include <iostream>
+#include <utility>
 
 // What the instruments cost in a frame of the shipped game, seen from the player's ship.
 
@@ -58,12 +61,10 @@ public:
     Cockpit& getCockpit() const { return *player->getHull()->getCockpit(); }
     bool hasTarget() const { return player->getSelectedObject() != nullptr; }
 
-    /// Frames without time in between: all of them show the same.
-    void run(benchmark::State& state) const {
-        for (auto _ : state) {
-            galaxy->update(0);
-            galaxy->show();
-        }
+    /// A frame without time before it: all of them show the same.
+    void frame() const {
+        galaxy->update(0);
+        galaxy->show();
     }
 
 private:
@@ -88,34 +89,42 @@ private:
     Starship* player = nullptr;
 };
 
-void frameWithoutCockpit(benchmark::State& state) {
-    const Flight flight;
-    flight.getCockpit().setMode(CP_NORMAL);
-    flight.getCockpit().getMFD(0)->clear();
-    flight.run(state);
-}
-BENCHMARK(frameWithoutCockpit)->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
+/// What the player sees of the instruments.
+enum Seat { NO_COCKPIT, EMPTY_DISPLAY, SHIELD_PAGE, TARGET_PAGE };
 
-void frameWithEmptyDisplay(benchmark::State& state) {
+/// The seats take turns, frame by frame, so that all of them see the same machine. Time is that of
+/// the process in all its threads, since the renderer has several.
+void frames(benchmark::State& state) {
     const Flight flight;
-    flight.getCockpit().getMFD(0)->clear();
-    flight.run(state);
-}
-BENCHMARK(frameWithEmptyDisplay)->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
-
-void frameWithShieldPage(benchmark::State& state) {
-    const Flight flight;
-    flight.run(state);
-}
-BENCHMARK(frameWithShieldPage)->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
-
-void frameWithTargetPage(benchmark::State& state) {
-    const Flight flight;
-    flight.getCockpit().getMFD(0)->nextClient();
     if (!flight.hasTarget()) state.SkipWithError("no target");
-    flight.run(state);
+    Cockpit& cockpit = flight.getCockpit();
+    Mfd& display = *cockpit.getMFD(0);
+    _2D_Rep* shield = display.getCurrent();
+    display.nextClient();
+    _2D_Rep* target = display.getCurrent();
+    const auto take = [&](Seat seat) {
+        cockpit.setMode(seat == NO_COCKPIT ? CP_NORMAL : CP_FULLSCREEN);
+        display.clear();
+        if (seat == SHIELD_PAGE) display.addClient(shield);
+        if (seat == TARGET_PAGE) display.addClient(target);
+    };
+
+    std::array<double, 4> times{};
+    for (auto _ : state)
+        for (const Seat seat : {NO_COCKPIT, EMPTY_DISPLAY, SHIELD_PAGE, TARGET_PAGE}) {
+            take(seat);
+            const std::clock_t start = std::clock();
+            flight.frame();
+            glFinish();
+            times[seat] += static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+        }
+    for (const auto& [seat, name] : {std::pair(NO_COCKPIT, "none"),
+                                     {EMPTY_DISPLAY, "empty"},
+                                     {SHIELD_PAGE, "shield"},
+                                     {TARGET_PAGE, "target"}})
+        state.counters[name] = 1000 * times[seat] / static_cast<double>(state.iterations());
 }
-BENCHMARK(frameWithTargetPage)->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(frames)->Unit(benchmark::kMillisecond)->Iterations(40);
 
 /// The instruments alone, on nothing.
 void cockpitAlone(benchmark::State& state) {
