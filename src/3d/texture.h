@@ -6,8 +6,9 @@
 #include <string>
 
 /// A light handle on a picture in OpenGL: how it is combined with the colour below it, and how it
-/// is tiled and shifted. Any number of textures may stand on one picture file: they share its OpenGL
-/// object, which the texture factory keeps. Needs an OpenGL context from its construction on.
+/// is tiled and shifted. Any number of textures may stand on one picture file: they share its
+/// OpenGL object, which the texture factory keeps. Needs an OpenGL context from its construction
+/// on.
 class Texture {
 public:
     /// The picture in file `f`; `te` is one of GL_DECAL, GL_REPLACE, GL_BLEND and GL_MODULATE. With

@@ -114,8 +114,8 @@ private:
     bool setOffBoth(const ObjectSlot& torpedo, const ObjectSlot& other);
     bool shootDown(const ObjectSlot& torpedo, const ObjectSlot& laser);
 
-    /// Lands the player on the planet that the ship touches, to the take-off; a ship of the computer
-    /// vanishes there. True for the player.
+    /// Lands the player on the planet that the ship touches, to the take-off; a ship of the
+    /// computer vanishes there. True for the player.
     bool land(const ObjectSlot& ship, const Planet& planet, float climb);
     /// Puts the player's ship `climb` units further out, or further if that is still too near, and
     /// turns it away from the planet.
