@@ -27,7 +27,8 @@ TEST_F(AIControlTest, NeedsItsModulesAndNothingElse) {
         {"<AIControl/>", "AIControl::AIControl: invalid AI configuration (missing nodes)"},
         {control("<IdleModule tolerance='1'/>"), "IdleModule::IdleModule: no NavEntries found"}};
     for (const auto& [element, failure] : faults)
-        EXPECT_EQ(failureOf([&] { Pilot(&ship, yard.element(element)); }), failure);
+        EXPECT_EQ(failureOf([&, &element = element] { Pilot(&ship, yard.element(element)); }),
+                  failure);
 }
 
 TEST_F(AIControlTest, TurnsBy40DegreesASecondAndMovesTheThrottleByAPercentIn20Milliseconds) {

@@ -113,7 +113,7 @@ private:
             throw LaserFiredEvent(lasers);
         };
         this->update(0);
-        deed = [this] { throw TorpedoFiredEvent(PartStore::getInstance()->getTorpedo("torpedo")); };
+        deed = [] { throw TorpedoFiredEvent(PartStore::getInstance()->getTorpedo("torpedo")); };
         for (int i = 0; i < 2; ++i) this->update(0);
         deed = nullptr;
     }

@@ -62,7 +62,7 @@ TEST(XMLElement, WrongTextsAreRefused) {
              {"P(1||3)", inner + "(1||3) wrong format"},
              {"p(1|b|3)", inner + "b can't be converted to double"},
              {"P(1|2|inf)", inner + "inf can't be converted to double"}})
-        EXPECT_EQ(failureOf([&] { read(&E::getAttributeAsPoint, text); }),
+        EXPECT_EQ(failureOf([&, &text = text] { read(&E::getAttributeAsPoint, text); }),
                   "XMLElement::getAttribute as Point: " + text +
                       " can't be converted to a Point (" + reason + ")");
 }
@@ -86,7 +86,7 @@ TEST(XMLParser, BrokenFilesAreRefused) {
              {std::string("\0\1\2\3PNG\xff", 8), "line 1, "},
              {bomb + "</A>", "limit"}}) {
         const Capture err(std::cerr);
-        EXPECT_EQ(failureOf([&] { XMLParser(dir.write("game.xml", content)); }),
+        EXPECT_EQ(failureOf([&, &content = content] { XMLParser(dir.write("game.xml", content)); }),
                   "An unknown fatal error occured during parsing.");
         EXPECT_THAT(err.text(), AllOf(testing::StartsWith("ERROR: "), testing::HasSubstr(reason)));
     }
