@@ -10,7 +10,8 @@ from PIL import Image
 import noise
 from noise import smoothstep
 
-WIDTH, HEIGHT = 1024, 512
+WIDTH, HEIGHT = 1024, 512  # texels of clouds and of a moon
+FINE = 2  # times as many each way on the ground of a planet that fills the view of who lands on it
 
 
 def sphere(radius, slices=60, stacks=30):
@@ -77,8 +78,9 @@ def _chart(corners, row):
     return np.array(uvs), np.array(tris)
 
 
-def globe(width=WIDTH, height=HEIGHT):
+def globe(fine=1):
     """Unit directions and latitudes of a picture's texels, north at the top."""
+    width, height = fine * WIDTH, fine * HEIGHT
     u = (np.arange(width) + 0.5) / width
     lat = np.pi * (0.5 - (np.arange(height) + 0.5) / height)
     lat, u = np.meshgrid(lat, u, indexing="ij")
@@ -87,6 +89,7 @@ def globe(width=WIDTH, height=HEIGHT):
 
 def relief(height, lat, strength):
     """Slopes as seen under a sun in the north-west: about 1 on the flat."""
+    strength = strength * len(height) / HEIGHT
     east = (np.roll(height, -1, axis=1) - np.roll(height, 1, axis=1)) / np.maximum(np.cos(lat), 0.12)
     north = np.gradient(height, axis=0) * -2
     return np.clip(1 + strength * (east * 0.7 - north * 0.7), 0.45, 1.5)
@@ -108,7 +111,7 @@ def picture(colours):
 
 def blue_world(seed=5):
     """Seas, shelves, continents with mountain chains, deserts in the dry belts, ice at the poles."""
-    p, lat = globe()
+    p, lat = globe(FINE)
     warp = np.stack([noise.fractal(p * 1.7 + 31 * k, seed + k, 4) for k in range(3)], axis=-1)
     q = p + 0.42 * warp
     base = noise.fractal(q * 1.25, seed + 10, 9, 0.53)
@@ -171,7 +174,7 @@ def _swirl(x, y, seed):
 def dust_world(seed=151):
     """Deserts of iron and salt: dark lava plains, canyons that run out of the highlands, bright pans
     where seas dried up, dunes, and small frosty caps."""
-    p, lat = globe()
+    p, lat = globe(FINE)
     warp = np.stack([noise.fractal(p * 1.5 + 17 * k, seed + k, 4) for k in range(3)], axis=-1)
     q = p + 0.36 * warp
     base = noise.fractal(q * 1.4, seed + 10, 8, 0.54)
@@ -198,7 +201,7 @@ def dust_world(seed=151):
 def banded_giant(seed=211):
     """Belts and zones of cloud, torn where they rub on each other, with one great storm and a string of
     small ones."""
-    p, lat = globe()
+    p, lat = globe(FINE)
     north = np.array((0, 1, 0), np.float32)
     storms = [(_direction(0.47, -0.37), 0.26, 2.6, (196, 92, 58)), (_direction(0.62, 0.30), 0.10, -2.2, (238, 226, 206)),
               (_direction(0.80, -0.62), 0.09, 2.2, (240, 232, 214)), (_direction(0.90, -0.62), 0.07, 2.0, (240, 232, 214)),

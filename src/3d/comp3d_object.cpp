@@ -126,20 +126,22 @@ void Comp3DObject::initDisplayList(DRWenum type) {
     const GLenum fill = type == DRAW_WIRE ? GL_LINE : GL_FILL;
     const Material plain;
     const ListCompilation list(getDisplayList(type));
-    bool second_unit_on = false;
+    glPolygonMode(GL_FRONT, fill);
+    glPolygonMode(GL_BACK, fill);
+    // A face finds what the one before it has set, unless it differs: a renderer keeps a copy of
+    // its whole state for every change, and joins the faces between two.
+    Layers active;
     for (const face_t& face : faceTable) {
-        const Material& first = getAnzMaterial() > 0 ? *getMaterial(face.matInd1) : plain;
-        const Material* second = getSecondLayer(face);
-        if (type != DRAW_MULTITEX) second = nullptr;
-        if (second_unit_on && !second) switchOffSecondUnit();
-        second_unit_on = second != nullptr;
-
-        activateSurface(first, second, type);
-        glPolygonMode(GL_FRONT, fill);
-        glPolygonMode(GL_BACK, fill);
-        drawFace(face, {first, second}, type);
+        const Layers layers = {getAnzMaterial() > 0 ? getMaterial(face.matInd1) : &plain,
+                               type == DRAW_MULTITEX ? getSecondLayer(face) : nullptr};
+        if (layers != active) {
+            if (active.second && !layers.second) switchOffSecondUnit();
+            activateSurface(*layers.first, layers.second, type);
+            active = layers;
+        }
+        drawFace(face, layers, type);
     }
-    if (second_unit_on) switchOffSecondUnit();
+    if (active.second) switchOffSecondUnit();
 }
 
 const Material* Comp3DObject::getSecondLayer(const face_t& face) const {
@@ -151,7 +153,7 @@ const Material* Comp3DObject::getSecondLayer(const face_t& face) const {
 
 void Comp3DObject::drawFace(const face_t& face, const Layers& layers, DRWenum type) const {
     const bool has_tex_coords =
-        isTextured(type) && layers.first.hasTexture() && getAnzTVertex() > 0;
+        isTextured(type) && layers.first->hasTexture() && getAnzTVertex() > 0;
     const Polygon polygon;
     for (std::size_t corner = 0; corner < face.vertInd.size(); ++corner) {
         const int vertex = face.vertInd[corner];
@@ -169,7 +171,7 @@ void Comp3DObject::sendNormal(const face_t& face, int vertex, DRWenum type) cons
 
 void Comp3DObject::sendTexCoords(const face_t& face, std::size_t corner,
                                  const Layers& layers) const {
-    const Vector2 t1 = getTexCoord(face.tVertInd1, corner, layers.first);
+    const Vector2 t1 = getTexCoord(face.tVertInd1, corner, *layers.first);
     if (!layers.second) {
         glTexCoord2f(t1.x, t1.y);
         return;

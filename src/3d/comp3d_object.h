@@ -47,8 +47,8 @@ protected:
     /// Appends for each vertex the mean direction of the faces around it, all of equal weight.
     void computeVertexNormals();
 
-    /// Compiles one polygon per face. Throws Exception when a face names an entry that is in no
-    /// table; the list then ends where it got to.
+    /// Compiles one polygon per face, and the material of a face where it changes. Throws Exception
+    /// when a face names an entry that is in no table; the list then ends where it got to.
     void initDisplayList(DRWenum type) override;
 
 private:
@@ -56,8 +56,9 @@ private:
     std::size_t checkFace(int index) const;
     /// The surface of a face; `second` is null unless two layers are to be drawn.
     struct Layers {
-        const Material& first;
-        const Material* second;
+        const Material* first = nullptr;
+        const Material* second = nullptr;
+        bool operator==(const Layers&) const = default;
     };
 
     const Material* getSecondLayer(const face_t& face) const;

@@ -3,6 +3,7 @@
 #include "3d/camera_interface.h"
 #include "3d/list_compilation.h"
 #include "3d/opengl.h"
+#include "3d/texture_factory.h"
 #include "main/exception.h"
 #include "main/log_factory.h"
 
@@ -52,6 +53,10 @@ SpaceBG::SpaceBG(float s, const std::string& texture)
     : size(s), mat(loadMaterial(texture)), displayList(num_draw_modes) {
     for (int mode = DRAW_WIRE; mode <= DRAW_SHADOW; ++mode)
         initDisplayList(static_cast<DRWenum>(mode));
+}
+
+SpaceBG::~SpaceBG() {
+    TextureFactory::getInstance()->releaseTexObject(mat->getTexture()->getFilename());
 }
 
 void SpaceBG::initDisplayList(DRWenum mode) const {

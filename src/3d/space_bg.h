@@ -16,6 +16,10 @@ public:
     /// rows, whose borders stand at 0.33 and 0.66 of its width. Throws Exception when the picture
     /// cannot be loaded.
     SpaceBG(float s, const std::string& texture);
+    /// Frees the picture, the largest of a level, unless something else shows it too.
+    ~SpaceBG() override;
+    SpaceBG(const SpaceBG&) = delete;
+    SpaceBG& operator=(const SpaceBG&) = delete;
 
     /// Draws the box around the current camera, textured or as lines, as the mode asks.
     void draw(DRWenum mode) const override;

@@ -5,6 +5,7 @@
 #include "main/sdl_context.h"
 
 #include <SDL.h>
+#include <malloc.h>
 
 #include <iostream>
 
@@ -12,6 +13,10 @@ namespace {
 
 constexpr int window_width = 800;
 constexpr int window_height = 600;
+
+// A picture that large goes back to the system when it is freed. The allocator's own bound rises
+// with what is freed, and the pictures of old skies would leave holes in the heap.
+constexpr int large_block = 4 << 20;  // bytes
 
 // The game lives exactly as long as this call: it is gone when a failure reaches the handlers.
 void play() {
@@ -27,11 +32,12 @@ void play() {
 }  // namespace
 
 int main() {
+    mallopt(M_MMAP_THRESHOLD, large_block);
     try {
         play();
-    } catch (Exception e) {
+    } catch (const Exception& e) {
         std::cerr << "ERROR: " << e;
-    } catch (Event e) {
+    } catch (const Event& e) {
         logLine(std::cerr, "ERROR: ", "Event: ", e.getMessage());
     } catch (...) {
         logLine(std::cerr, "ERROR: ", "unknown exception caught");

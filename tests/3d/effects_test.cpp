@@ -15,9 +15,9 @@ struct Effects : testing::Test {
         sprite.drawCurrentFrame();
         return stage.at(x, 0);
     }
-    static int countLists() {
+    static int count(GLboolean (*is)(GLuint)) {
         int count = 0;
-        for (GLuint list = 1; list < 100000; ++list) count += glIsList(list);
+        for (GLuint name = 1; name < 100000; ++name) count += is(name);
         return count;
     }
     const Stage stage;
@@ -34,10 +34,10 @@ TEST_F(Effects, PlaySeriesOfPictures) {
         dir.write(std::string("a000") + i++ + "b.tga", picture::tga(1, 1, 32, {bgra, 4}));
     const std::string series = dir / "a*b.tga", name = dir / "flash";
     GFX_Factory* effects = GFX_Factory::getInstance();
-    const int lists = countLists();
+    const int lists = count(glIsList);
     EXPECT_EQ(failureOf([&] { effects->addAnimatedSprite(name, series, 4); }),
               "Image::Image: Error loading image " + (dir / "a0003b.tga") + "!");
-    EXPECT_EQ(countLists(), lists);
+    EXPECT_EQ(count(glIsList), lists);
     effects->addAnimatedSprite(name, series, 3);
 
     AnimatedSprite sprite = effects->getAnimatedSprite(name);
@@ -71,7 +71,7 @@ TEST_F(Effects, SurroundTheCameraWithTheSky) {
         rulers += {static_cast<char>(2 * (i % 128)), static_cast<char>(252 - i / 128 * 4), 0x40};
     const Point4 eye(1000, -2000, 3000, 1);
     OpenGLContext* gl = OpenGLContext::getInstance();
-    const int lists = countLists();
+    const int lists = count(glIsList);
     auto sky = std::make_unique<SpaceBG>(100, dir.write("sky", picture::ppm(128, 64, rulers)));
     const std::tuple<Vector4, float, float> places[] = {
         {{0.5f, -0.5f, -1, 1}, 0.4125f, 0.875f}, {{-0.5f, 0.5f, 1, 1}, 0.915f, 0.125f},
@@ -95,5 +95,18 @@ TEST_F(Effects, SurroundTheCameraWithTheSky) {
     sky.reset();
     EXPECT_EQ(failureOf([&] { SpaceBG(1, dir / "none.jpg"); }),
               "SpaceBG::SpaceBG: could not create material");
-    EXPECT_EQ(countLists(), lists);
+    EXPECT_EQ(count(glIsList), lists);
+}
+
+// A sky takes its picture along, and brings it again; one that something else shows as well stays.
+TEST_F(Effects, FreeThePictureOfASky) {
+    const std::string file = dir.write("sky", picture::ppm(1, 1, "abc"));
+    const int pictures = count(glIsTexture);
+    for (const int others : {0, 0, 1}) {
+        auto sky = std::make_unique<SpaceBG>(1, file);
+        EXPECT_EQ(count(glIsTexture), pictures + 1);
+        if (others > 0) Texture(file, GL_REPLACE, false);
+        sky.reset();
+        EXPECT_EQ(count(glIsTexture), pictures + others);
+    }
 }
