@@ -5,7 +5,6 @@
 #include "3d/vector.h"
 #include "xml/xml_text.h"
 
-#include <locale.h>
 #include <xercesc/dom/DOM.hpp>
 #include <xercesc/util/TransService.hpp>
 
@@ -13,6 +12,7 @@
 #include <array>
 #include <cfloat>
 #include <climits>
+#include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <utility>
@@ -199,9 +199,14 @@ Vector4 XMLElement::getAttributeAsVector(const std::string& name) const {
 
 Vector4 XMLElement::getAttributeAsDirection(const std::string& name) const {
     Vector4 direction = getAttributeAsVector(name);
-    if (direction.getLength() == 0)
+    const float length = direction.getLength();
+    if (length == 0)
         throw Exception(getName() + ": attribute " + name + ": " + getAttribute(name) +
                         " has no direction");
+    // Single precision holds not every length: the longest side of such a vector becomes 1 first.
+    if (!std::isnormal(length))
+        direction /=
+            std::max({std::fabs(direction.x), std::fabs(direction.y), std::fabs(direction.z)});
     return direction.normalize();
 }
 

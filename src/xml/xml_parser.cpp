@@ -86,7 +86,9 @@ XMLParser::XMLParser(const std::string& filename) {
         parser = std::make_unique<XercesDOMParser>();
         parser->setCreateEntityReferenceNodes(false);
         parser->setIncludeIgnorableWhitespace(false);
-        parser->setLoadExternalDTD(false);  // the game file stands alone
+        // The game file stands alone: it fetches nothing, from the disk or from the net.
+        parser->setLoadExternalDTD(false);
+        parser->setDisableDefaultEntityResolution(true);
         parser->setErrorHandler(&reporter);
         parser->setSecurityManager(&limits);
         parser->parse(filename.c_str());

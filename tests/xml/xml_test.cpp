@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cmath>
 #include <iostream>
 #include <map>
 
@@ -44,6 +45,7 @@ TEST(XMLElement, TextsAreReadFromTheFront) {
     EXPECT_EQ(read(&E::getAttributeAsFloat, " 0.1km"), 0.1f);
     EXPECT_EQ(read(&E::getAttributeAsPoint, "P(1|2.5|-3)"), Point4(1, 2.5f, -3, 1));
     EXPECT_EQ(read(&E::getAttributeAsVector, "v( 1| 2|3|9)"), Vector4(1, 2, 3, 1));
+    EXPECT_FLOAT_EQ(read(&E::getAttributeAsDirection, "V(3e38|0|-3e38)").z, -std::sqrt(0.5f));
     EXPECT_EQ(read(&E::getAttributeAsColor, "c(1|1|0|.25)").getAlpha(), 0.25f);
 }
 
@@ -84,6 +86,7 @@ TEST(XMLParser, BrokenFilesAreRefused) {
              {"<!DOCTYPE A>\n<A>\n  <B>\n</A>", "game.xml, line 4, column 3: "},
              {"", "line 1, column 1: "},
              {std::string("\0\1\2\3PNG\xff", 8), "line 1, "},
+             {"<!DOCTYPE A [<!ENTITY a SYSTEM '/dev/null'>]><A>&a;</A>", "external entity"},
              {bomb + "</A>", "limit"}}) {
         const Capture err(std::cerr);
         EXPECT_EQ(failureOf([&, &content = content] { XMLParser(dir.write("game.xml", content)); }),
