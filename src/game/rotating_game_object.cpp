@@ -6,7 +6,8 @@ _RotatingGameObject::_RotatingGameObject(int i, GAMEOBJenum t) : _GameObject(i, 
 
 void _RotatingGameObject::rotate(int time_diff) {
     const float degrees = static_cast<float>(time_diff) * velocity * 360 / 5000;
-    setOrientation(getOrientation().rotateY(util3d::deg2rad(degrees)));
+    Vector4 orientation = getOrientation().rotateY(util3d::deg2rad(degrees));
+    setOrientation(orientation.normalize());  // hours of turning must not stretch the planet
 }
 
 void _RotatingGameObject::update(int time_diff) {

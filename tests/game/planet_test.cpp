@@ -37,6 +37,8 @@ TEST_F(PlanetTest, TurnsAndHasASphereAboveItsSurface) {
     rock->update(2500);
     EXPECT_EQ(rock->getBoundingObject().getCenter(), Point4(20, 0, 0, 1));
     EXPECT_NEAR(rock->getOrientation().x, 1, 1e-5) << "a quarter of a turn";
+    for (int frame = 0; frame < 100'000; ++frame) rock->update(20);
+    EXPECT_NEAR(rock->getOrientation().getLength(), 1, 1e-5) << "after half an hour";
 }
 
 TEST_F(PlanetTest, CloudsDriftAndStepBack) {
