@@ -39,9 +39,8 @@ AnimatedSprite::AnimatedSprite(const std::string& files, int frames, int dur) : 
         throw Exception("AnimatedSprite::AnimatedSprite: no * in the name of the series (" + files +
                         ")");
 
-    const std::string head = files.substr(0, star), tail = files.substr(star + 1);
     for (int i = 0; i < frames; ++i)
-        initDisplayList(lists.getFirst() + i, head + numbered(i) + tail);
+        initDisplayList(lists.getFirst() + i, std::string(files).replace(star, 1, numbered(i)));
     setDuration(dur == 0 ? default_frame_time * frames : dur);
     display_lists = current_frame = lists.release();
 }

@@ -126,8 +126,8 @@ void AseFile::getCounts(AseCounts& counts) {
     moveToObject(1);
     std::string_view token;
     while (getToken(token) && token != geometry_object) {
-        const auto known = std::find_if(std::begin(entries), std::end(entries),
-                                        [&](const Entry& e) { return e.token == token; });
+        const auto* known = std::find_if(std::begin(entries), std::end(entries),
+                                         [&](const Entry& e) { return e.token == token; });
         if (known == std::end(entries)) {
             dropLine();
         } else {

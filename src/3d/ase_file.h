@@ -56,7 +56,7 @@ public:
     /// What the file declares, but never more than it holds.
     int getNumMaterials();
     /// What a material declares; 0 for a plain one.
-    int getNumSubMaterials(int material);
+    int getNumSubMaterials(int index);
     /// Overwrites the counts that the first object declares.
     void getCounts(AseCounts& counts);
 

@@ -38,8 +38,8 @@ constexpr TextureToken texture_tokens[] = {
 
 template <typename Entry, std::size_t size>
 const Entry* lookUp(const Entry (&entries)[size], std::string_view token) {
-    const auto known = std::find_if(std::begin(entries), std::end(entries),
-                                    [&](const Entry& e) { return e.token == token; });
+    const auto* known = std::find_if(std::begin(entries), std::end(entries),
+                                     [&](const Entry& e) { return e.token == token; });
     return known == std::end(entries) ? nullptr : known;
 }
 

@@ -55,9 +55,9 @@ bool BoundingBox::isIntersected(const Segment& s) const {
 
 bool BoundingBox::isIntersected(const BoundingSphere& b) const {
     if (getDistance(b.getCenter()) > getRadius() + b.getRadius()) return false;
-    for (float side_x : {1, -1}) {
-        for (float side_y : {1, -1}) {
-            for (float side_z : {1, -1}) {
+    for (const float side_x : {1.f, -1.f}) {
+        for (const float side_y : {1.f, -1.f}) {
+            for (const float side_z : {1.f, -1.f}) {
                 if (b.isIntersected(corner(side_x, side_y, side_z))) return true;
             }
         }

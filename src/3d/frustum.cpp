@@ -4,6 +4,8 @@
 #include "3d/bounding_sphere.h"
 #include "3d/matrix.h"
 
+#include <algorithm>
+
 void Frustum::update() {
     const Matrix4 clip(MATRIX_GL_FRUSTUM);
     front = clip.getFrontPlane();
@@ -15,9 +17,8 @@ void Frustum::update() {
 }
 
 bool Frustum::isInside(const Point4& p) const {
-    for (const Plane* plane : {&top, &bottom, &front, &back, &left, &right})
-        if (!plane->isInside(p)) return false;
-    return true;
+    const auto planes = {&top, &bottom, &front, &back, &left, &right};
+    return std::ranges::all_of(planes, [&](const Plane* plane) { return plane->isInside(p); });
 }
 
 bool Frustum::isVisible(const BoundingBox& bb) const {
@@ -30,9 +31,9 @@ bool Frustum::isVisible(const BoundingBox& bb) const {
 
 bool Frustum::isVisible(const BoundingSphere& bs) const {
     const float radius = bs.getRadius();
-    for (const Plane* plane : {&front, &back, &left, &right, &top, &bottom})
-        if (plane->getDistance(bs.getCenter()) <= -radius) return false;
-    return true;
+    const auto planes = {&front, &back, &left, &right, &top, &bottom};
+    return std::ranges::none_of(
+        planes, [&](const Plane* plane) { return plane->getDistance(bs.getCenter()) <= -radius; });
 }
 
 std::ostream& operator<<(std::ostream& out, const Frustum& frustum) {

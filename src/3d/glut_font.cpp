@@ -43,8 +43,8 @@ GlutFont::GlutFont(const std::string& type, const std::string& name) {
 }
 
 void GlutFont::setup(const std::string& type, const std::string& name) {
-    const auto known = std::find_if(std::begin(types), std::end(types),
-                                    [&](const Type& t) { return t.name == type; });
+    const auto* known = std::find_if(std::begin(types), std::end(types),
+                                     [&](const Type& t) { return t.name == type; });
     if (known == std::end(types)) {
         throw Exception("GlutFont::GlutFont: No such font (" + type + ")");
     }

@@ -68,7 +68,7 @@ bool _Light::isActivated() const {
     return glIsEnabled(light) == GL_TRUE;
 }
 
-void _Light::deactivate() {
+void _Light::deactivate() const {
     if (isActivated()) glDisable(light);
 }
 

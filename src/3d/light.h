@@ -60,7 +60,7 @@ public:
     void switchOn() { on = true; }
     void switchOff() { on = false; }
     /// Switches the slot off until the next activation.
-    void deactivate();
+    void deactivate() const;
 
 protected:
     /// Whether this light is to shine in the present frame.

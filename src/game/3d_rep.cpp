@@ -18,8 +18,8 @@
 
 namespace {
 
-const std::string null_item = "_3D_Rep:.addItem: null pointer";
-const std::string invalid_slot = "_3D_Rep: invalid slot";
+constexpr const char* null_item = "_3D_Rep:.addItem: null pointer";
+constexpr const char* invalid_slot = "_3D_Rep: invalid slot";
 
 constexpr float explosion_scale = 8;  // times the radius of the part
 

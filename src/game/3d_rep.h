@@ -47,6 +47,7 @@ public:
 class _3D_Rep : public _Drawable, public _Hitable {
 public:
     ~_3D_Rep() override;
+    _3D_Rep& operator=(const _3D_Rep&) = delete;
 
     /// Draws what is mounted and then the part itself: its model, its explosion from the moment
     /// that it bursts, and nothing once that is over. Items are moved to their slots, never turned.
@@ -105,7 +106,6 @@ protected:
     explicit _3D_Rep(SLOTenum t);
     /// The copy shares the model and has the same slots, all free; it is not attached anywhere.
     _3D_Rep(const _3D_Rep& other);
-    _3D_Rep& operator=(const _3D_Rep&) = delete;
 
     /// Tells the ship, up the tree, that it is lost.
     virtual void resetStarshipControl();

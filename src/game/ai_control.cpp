@@ -23,7 +23,7 @@ namespace {
 
 constexpr float turn_rate = 40;        // degrees per second
 constexpr int throttle_time = 20;      // milliseconds in which the throttle moves by a percent
-constexpr float safety_margin = 1.1F;  // of the ship's size, for the feelers
+constexpr float safety_margin = 1.1f;  // of the ship's size, for the feelers
 constexpr float clearance = 2;         // times the ship's size, beside an obstacle
 
 constexpr int num_rays = 4;
@@ -62,7 +62,7 @@ struct Survey {
                 return start[(last_obstacle + 2) % num_rays];
             case 2:
                 if ((last_obstacle + last_last_obstacle) % 2 == 0) return start[last_not_obstacle];
-                return Point4(start[last_not_obstacle], start[last_last_not_obstacle]);
+                return {start[last_not_obstacle], start[last_last_not_obstacle]};
             case 3:
                 return start[last_not_obstacle];
             case 4:
@@ -247,7 +247,7 @@ void AIControl::turnTowards(const Vector4& destination, int td) {
 
 void AIControl::adjustThrottle(int td) {
     const float v_max = getTopSpeed();
-    const float wanted = v_max > 0 ? std::clamp(100 * nav_speed / v_max, 0.0F, 100.0F) : 0;
+    const float wanted = v_max > 0 ? std::clamp(100 * nav_speed / v_max, 0.0f, 100.0f) : 0;
     const int step = td / throttle_time;
     throttle += std::clamp(static_cast<int>(wanted) - throttle, -step, step);
 }

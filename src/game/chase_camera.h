@@ -15,7 +15,7 @@ public:
 
     Vector4 getUp() const override { return c_up; }
     Point4 getTarget() const override;
-    Vector4 getOrientation() const override { return Vector4(c_pos, getTarget()); }
+    Vector4 getOrientation() const override { return {c_pos, getTarget()}; }
 
     /// The object looked at, or null once the camera is frozen.
     _GameObject* getTargetObject() const { return target; }

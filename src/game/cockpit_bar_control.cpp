@@ -25,7 +25,7 @@ constexpr Direction directions[] = {
 
 CPBCTRLDIRenum readDirection(const XMLElement& node) {
     const std::string text = node.getAttributeAsString("direction");
-    const auto direction = std::ranges::find(directions, text, &Direction::name);
+    const auto* direction = std::ranges::find(directions, text, &Direction::name);
     if (direction != std::end(directions)) return direction->value;
 
     std::string known;

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr unsigned all_bits = ~0u;
+constexpr unsigned all_bits = ~0U;
 constexpr auto no_alignment = static_cast<ALIGNMENTenum>(0);
 constexpr float overhang = 1;  // pixels by which the fill is larger than the mask on each side
 

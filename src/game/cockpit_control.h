@@ -40,6 +40,7 @@ enum ALIGNMENTenum {
 class _CockpitControl {
 public:
     virtual ~_CockpitControl() = default;
+    _CockpitControl& operator=(const _CockpitControl&) = delete;
 
     /// A control of the same class and looks for another cockpit, which must set itself.
     virtual std::unique_ptr<_CockpitControl> clone() const = 0;
@@ -67,7 +68,6 @@ protected:
     /// Reads what all controls have in common. Throws Exception on an element that is no control.
     _CockpitControl(const XMLElement& node, Cockpit* owner);
     _CockpitControl(const _CockpitControl&) = default;
-    _CockpitControl& operator=(const _CockpitControl&) = delete;
 
     /// Draws the instrument into the rectangle of its mask, which is its stencil: blending is on,
     /// depth test, lighting and texturing are off.

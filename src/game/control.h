@@ -46,7 +46,7 @@ public:
     void unlock() { locked = false; }
 
     /// Flies the ship for one frame of `time_diff` milliseconds; a locked control does nothing, and
-    /// an empty tank locks it. A shot leaves as a thrown LaserFiredEvent.
+    /// an empty tank locks it. A shot leaves as a thrown LaserFiredEvent or TorpedoFiredEvent.
     void update(int time_diff);
 
 protected:

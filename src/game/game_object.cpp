@@ -91,7 +91,7 @@ const _BoundingObject& _GameObject::getBoundingObject() const {
 }
 
 BoundingSphere _GameObject::getBoundingSphere() const {
-    return BoundingSphere(position, (b_obj ? *b_obj : getBoundingObject()).getRadius());
+    return {position, (b_obj ? *b_obj : getBoundingObject()).getRadius()};
 }
 
 void _GameObject::resetBoundingObject() {
@@ -134,8 +134,9 @@ void _GameObject::addCamera(CAMTYPEenum type, CAMPOSenum which, const Vector4& o
 }
 
 _GameCameraInterface* _GameObject::getCamera(CAMPOSenum which) const {
-    if (!cam_obj || which < CPOS_FRONT || which > CPOS_BACK) return nullptr;
-    return cam_obj->cams[which];
+    const int place = which;
+    if (!cam_obj || place < CPOS_FRONT || place >= num_camera_positions) return nullptr;
+    return cam_obj->cams[place];
 }
 
 camobj_t _GameObject::getCameras() const {

@@ -51,7 +51,7 @@ Vector4 Hull::getUp() const {
 }
 
 Matrix4 Hull::getParentShipMatrix() const {
-    return Matrix4(getPosition(), getOrientation(), getUp());
+    return {getPosition(), getOrientation(), getUp()};
 }
 
 void Hull::resetStarshipControl() {

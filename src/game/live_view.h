@@ -15,6 +15,8 @@ class Texture;
 /// kept as a texture until the next one. Each cockpit owns its pages and updates the visible one.
 class _LiveView : public _2D_Rep {
 public:
+    _LiveView& operator=(const _LiveView&) = delete;
+
     /// The cockpit whose ship the page serves; not owned.
     virtual void setCockpit(Cockpit* c) { cockpit = c; }
     /// How the next picture is drawn; every display of the page sets it as well.
@@ -23,7 +25,6 @@ public:
 protected:
     explicit _LiveView(DRWenum mode) : draw_mode(mode) {}
     _LiveView(const _LiveView&) = default;
-    _LiveView& operator=(const _LiveView&) = delete;
 
     /// Keeps what a display asks for: the next picture follows it.
     void follow(float w, float h, const ColorRGBA& f, const ColorRGBA& b, DRWenum mode) const;

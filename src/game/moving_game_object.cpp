@@ -2,8 +2,7 @@
 
 _MovingGameObject::_MovingGameObject(int i, GAMEOBJenum t) : _GameObject(i, t) {}
 
-_MovingGameObject::_MovingGameObject(const _MovingGameObject& other)
-    : _GameObject(other), velocity(other.velocity), heading(other.heading) {}
+_MovingGameObject::_MovingGameObject(const _MovingGameObject& other) = default;
 
 void _MovingGameObject::setHeading(const Vector4& v) {
     if (v.getLength() == 0) return;

@@ -32,7 +32,8 @@ float NearPairs::findReach(const _GameObject& object) {
     const Shield* shield = static_cast<const Starship&>(object).getShield();
     if (!shield) return reach;
     const _BoundingObject* sphere = shield->getBoundingObject();
-    return sphere ? std::max(reach, sphere->getRadius()) : unknown;
+    if (!sphere) return unknown;
+    return std::max(reach, sphere->getRadius());
 }
 
 void NearPairs::start(const Objects& all) {

@@ -12,9 +12,9 @@
 namespace {
 
 constexpr float finest_cell = 64;     // world units
-constexpr float farthest = 1e9F;      // coordinate up to which there are cells
-constexpr float tolerance = 1e-3F;    // of lengths, for what the exact tests lose in rounding
-constexpr float place_error = 1e-5F;  // the same, of coordinates
+constexpr float farthest = 1e9f;      // coordinate up to which there are cells
+constexpr float tolerance = 1e-3f;    // of lengths, for what the exact tests lose in rounding
+constexpr float place_error = 1e-5f;  // the same, of coordinates
 constexpr std::size_t least_buckets = 16;
 
 float cellSize(int level) {
@@ -96,7 +96,7 @@ public:
 private:
     /// The share of the line up to a coordinate on the main axis.
     float shareUpTo(float coordinate) const {
-        return std::clamp((coordinate - start[main_axis]) / way[main_axis], 0.0F, 1.0F);
+        return std::clamp((coordinate - start[main_axis]) / way[main_axis], 0.0f, 1.0f);
     }
 
     Place start, end, way;

@@ -30,7 +30,8 @@ Shield::Shield(const XMLElement& node) : _StarshipPart(PRT_SHIELD), _3D_Rep(SLOT
     setEfficiency(static_cast<unsigned int>(readInt(node, "efficiency", 1)));
     setMaxEnergy(static_cast<unsigned int>(readInt(node, "strength")));
     setLoss(static_cast<unsigned int>(readInt(node, "loss")));
-    current_energy = static_cast<float>(max_energy / 2);
+    const unsigned int half = max_energy / 2;
+    current_energy = static_cast<float>(half);
     bias_power = static_cast<float>(loss) * 1000 / static_cast<float>(efficiency);
     used_power = power_reserve * bias_power;
 }
@@ -75,7 +76,8 @@ void Shield::update(int timediff) {
 }
 
 void Shield::draw(DRWenum) const {
-    if (current_energy <= static_cast<float>(max_energy / 10)) return;
+    const unsigned int least_visible = max_energy / 10;
+    if (current_energy <= static_cast<float>(least_visible)) return;
 
     const float alpha = 0.7f * current_energy / static_cast<float>(max_energy);
     const OpenGLContext* gl = OpenGLContext::getInstance();

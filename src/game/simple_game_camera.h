@@ -13,7 +13,7 @@ public:
 
     Vector4 getUp() const override { return up; }
     Point4 getTarget() const override { return target; }
-    Vector4 getOrientation() const override { return Vector4(position, target); }
+    Vector4 getOrientation() const override { return {position, target}; }
 
 private:
     Point4 position;

@@ -25,6 +25,7 @@ enum PRTenum {
 class _StarshipPart {
 public:
     virtual ~_StarshipPart() = default;
+    _StarshipPart& operator=(const _StarshipPart&) = delete;
 
     std::string getName() const { return name; }
     PRTenum getType() const { return type; }
@@ -38,7 +39,6 @@ public:
 protected:
     explicit _StarshipPart(PRTenum type) : type(type) {}
     _StarshipPart(const _StarshipPart&) = default;
-    _StarshipPart& operator=(const _StarshipPart&) = delete;
 
     void setName(const std::string& n) { name = n; }
     void setMass(unsigned long m) { mass = m; }

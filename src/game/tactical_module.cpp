@@ -16,8 +16,8 @@
 namespace {
 
 // How a chase feels for obstacles, by the target's size.
-constexpr float chase_ray_factor = 0.01F;
-constexpr float chase_ray_offset = 1.1F;
+constexpr float chase_ray_factor = 0.01f;
+constexpr float chase_ray_offset = 1.1f;
 constexpr float chase_threshold = 30;
 
 // The bands around a target: how far beyond its size each of them reaches, in world units.
@@ -33,7 +33,7 @@ constexpr double fire_speed = 2;             // times the target's speed, where 
 constexpr double rest = 0.01;                // of the top speed: less does not open the throttle
 constexpr double resumption = 0.1;           // of the top speed: a resumed chase wants no less
 constexpr double fastest_wish = 1e6;         // a wish that grows frame by frame stays a number
-constexpr float lead_per_distance = 0.001F;  // how far to aim ahead of a target of speed 1
+constexpr float lead_per_distance = 0.001f;  // how far to aim ahead of a target of speed 1
 
 constexpr float nearest_lock = 280;
 constexpr float no_lock = -1;
@@ -113,7 +113,7 @@ double TacticalModule::matchSpeed(const Starship& enemy, float dist, int time_di
 
 Point4 TacticalModule::choosePoint(const Starship& enemy, float dist) const {
     const Point4 s_pos = ship->getPosition();
-    const Point4 target_position = enemy.getPosition();
+    Point4 target_position = enemy.getPosition();
     const Vector4 target_heading = enemy.getHeading();
     const float target_speed = enemy.getVelocity();
     const float size = enemy.getSize();

@@ -5,7 +5,7 @@
 #include <utility>
 
 /// The base of all failures. A failure that nobody handles ends the program with one line.
-/// Thrown and caught by value; the message names its origin: "Class::operation: text".
+/// Thrown by value; the message names its origin: "Class::operation: text".
 class Exception {
 public:
     explicit Exception(std::string thisMsg) : msg(std::move(thisMsg)) {}

@@ -105,7 +105,7 @@ public:
     LVLenum run() {
         try {
             return level->run();
-        } catch (GameOverEvent) {
+        } catch (const GameOverEvent&) {
             return PLAYER_KILLED;
         }
     }
@@ -180,7 +180,7 @@ void Game::buildMenu() {
 
     for (const auto& place : button_places) {
         auto button = std::make_unique<Button>(MenuFactory::getInstance()->getButton());
-        const float ww = button->getWidth() * 0.125F, hh = button->getHeight() * 0.5F;
+        const float ww = button->getWidth() * 0.125f, hh = button->getHeight() * 0.5f;
         button->setPosition(Point4(place.x * ww, place.y * hh, 0, 1));
         button->setLabel(place.label);
         button->setId(place.id);

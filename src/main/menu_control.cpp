@@ -61,7 +61,7 @@ void _MenuControl::setPosition(const Point4& p) {
     position = p;
     const bool inside = type == MC_BUTTON;
     const float letter = font->getCharHeight(inside ? 'A' : 'H');
-    const float middle = p.y + (height - letter) * 0.5F;
+    const float middle = p.y + (height - letter) * 0.5f;
     setLabelPosition(inside ? Point4(p.x + button_indent, middle + button_rise, p.z, 1)
                             : Point4(p.x - label_distance, middle, p.z, 1));
 }

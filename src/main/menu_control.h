@@ -45,6 +45,8 @@ enum MCACTIONenum {
 /// the middle of the window and y up.
 class _MenuControl : public _Drawable {
 public:
+    _MenuControl& operator=(const _MenuControl&) = delete;
+
     /// The control with the texture of its state, and its label over it. Throws Exception in a
     /// state that the control has no picture for.
     void draw(DRWenum mode) const override;
@@ -90,7 +92,6 @@ protected:
     /// is no control, and on a width or height below 0; FontFactoryException on an unknown font.
     explicit _MenuControl(const XMLElement& node);
     _MenuControl(const _MenuControl&) = default;
-    _MenuControl& operator=(const _MenuControl&) = delete;
 
     bool isInside(const Point4& p) const;
     /// Fills the control's box with a picture.

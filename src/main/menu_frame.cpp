@@ -204,7 +204,8 @@ MCRESULTenum MenuFrame::dispatchMouse(const SDL_MouseButtonEvent& button, const 
                                       MouseHandler handler) {
     const auto w = static_cast<float>(SDLContext::getInstance()->getWidth());
     const auto h = static_cast<float>(SDLContext::getInstance()->getHeight());
-    const Point4 place(button.x - w * 0.5F, h * 0.5F - button.y, 0, 1);
+    const Point4 place(static_cast<float>(button.x) - w * 0.5f,
+                       h * 0.5f - static_cast<float>(button.y), 0, 1);
     debugLine(name, ' ', static_cast<char>(button.state));
     debugLine("handling event ", name, " (", place, ")");
 
