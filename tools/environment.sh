@@ -5,14 +5,15 @@
 game_packages=(libsdl1.2-dev libsdl-image1.2-dev libsdl-mixer1.2-dev libgl1-mesa-dev libglu1-mesa-dev
     freeglut3-dev libxerces-c-dev g++ cmake ninja-build)
 display_packages=(xvfb xauth)
-test_packages=(libgtest-dev libgmock-dev libxml2-utils xdotool "${display_packages[@]}")
+test_packages=(libgtest-dev libgmock-dev libxml2-utils libpng-dev xdotool "${display_packages[@]}")
 
-# Installs what is missing of the named Debian packages; asks nothing where all is there.
+# Installs what is missing of the named Debian packages; asks nothing where all is there. A package that
+# provides another counts as that one: the SDL 1.2 layer over SDL 2 stands in for SDL 1.2.
 install_missing() {
-    local package missing=() root=()
+    local present package missing=() root=()
+    present=$(dpkg-query -W -f='${db:Status-Status} ${Package}, ${Provides},\n' | grep '^installed ')
     for package in "$@"; do
-        [[ $(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) == installed ]] ||
-            missing+=("$package")
+        [[ $present == *" $package"[,\ ]* ]] || missing+=("$package")
     done
     [[ ${#missing[@]} -gt 0 ]] || return 0
     echo "Installing: ${missing[*]}"
@@ -22,10 +23,11 @@ install_missing() {
         apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# Configures and builds one preset.
+# Configures and builds one preset; more arguments go on to the build.
 build() {
+    [[ $1 != clang ]] || install_missing clang
     cmake --preset "$1" >/dev/null
-    cmake --build --preset "$1"
+    cmake --build --preset "$@"
 }
 
 on_virtual_display() {

@@ -1,5 +1,6 @@
 #include "bench/campaign/flight.h"
 
+#include "bench/campaign/game_elements.h"
 #include "bench/campaign/plain_pilot.h"
 #include "game/facing.h"
 #include "game/galaxy.h"
@@ -9,7 +10,6 @@
 #include "game/story_teller.h"
 #include "game/tank.h"
 #include "game/torpedo_launcher.h"
-#include "main/exception.h"
 
 #include <algorithm>
 #include <string>
@@ -20,41 +20,6 @@ constexpr int frame_time = 20;              // milliseconds
 constexpr int time_limit = 15 * 60 * 1000;  // milliseconds
 constexpr int inspection_time = 1000;       // milliseconds
 constexpr int doom_time = 4500;             // milliseconds that a ship takes to burst
-constexpr int player_id = 1;
-
-template <class Visit>
-void forEachChild(const XMLElement& parent, const std::string& name, Visit visit) {
-    for (XMLElement child = parent.getFirstChild(); !child.isNull(); child = child.getNext())
-        if (child.getName() == name) visit(child);
-}
-
-XMLElement findChild(const XMLElement& parent, const std::string& name, int id) {
-    XMLElement found(nullptr);
-    forEachChild(parent, name, [&](const XMLElement& child) {
-        if (child.getAttributeAsInt("id", 10) == id) found = child;
-    });
-    if (found.isNull()) throw Exception("no " + name + " with the id " + std::to_string(id));
-    return found;
-}
-
-XMLElement findGalaxy(const XMLElement& world, const XMLElement& level) {
-    const XMLElement universe =
-        findChild(world, "Universe", level.getAttributeAsInt("universe_id", 10));
-    return findChild(universe, "Galaxy", level.getAttributeAsInt("start_galaxy", 10));
-}
-
-std::set<int> findEnemies(const XMLElement& galaxy) {
-    std::set<int> enemies;
-    forEachChild(galaxy, "Starship", [&](const XMLElement& ship) {
-        forEachChild(ship, "AIControl", [&](const XMLElement& pilot) {
-            forEachChild(pilot, "AITarget", [&](const XMLElement& target) {
-                if (target.getAttributeAsInt("id", 10) == player_id)
-                    enemies.insert(ship.getAttributeAsInt("id", 10) | GO_STARSHIP);
-            });
-        });
-    });
-    return enemies;
-}
 
 /// The lowest integrity in a tree of parts.
 float findWeakest(const _3D_Rep& part) {
@@ -93,8 +58,8 @@ public:
 
 Flight::Flight(const XMLElement& world, const XMLElement& level)
     : level(level),
-      arena(std::make_unique<Arena>(findGalaxy(world, level), nullptr)),
-      enemies(findEnemies(findGalaxy(world, level))) {}
+      arena(std::make_unique<Arena>(elements::findGalaxy(world, level), nullptr)),
+      enemies(elements::findEnemies(elements::findGalaxy(world, level))) {}
 
 Flight::~Flight() = default;
 
@@ -106,7 +71,7 @@ Result Flight::fly(PlainPilot& pilot) {
     ship.setHeading(facing.orientation);
     ship.setUp(facing.up);
     arena->receive(&ship);
-    forEachChild(level, "StoryTeller", StoryTeller::createInstance);
+    elements::forEachChild(level, "StoryTeller", StoryTeller::createInstance);
 
     int time = 0;
     const Outcome outcome = flyToTheEnd(pilot, time);

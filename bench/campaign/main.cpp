@@ -8,12 +8,13 @@
 
 #include "3d/font_factory.h"
 #include "3d/gfx_factory.h"
+#include "bench/campaign/blind.h"
 #include "bench/campaign/flight.h"
+#include "bench/campaign/game_elements.h"
 #include "bench/campaign/plain_pilot.h"
 #include "game/part_store.h"
 #include "game/starship.h"
 #include "main/exception.h"
-#include "main/sdl_context.h"
 #include "tests/support/sprites.h"
 #include "tests/support/temp_dir.h"
 #include "xml/xml_parser.h"
@@ -25,7 +26,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -45,13 +45,8 @@ struct Report {
     Result result;
 };
 
-/// SDL without a window still has a queue of events and a clock.
-void startBlind() {
-    setenv("SDL_VIDEODRIVER", "dummy", 1);
-    if (SDL_Init(SDL_INIT_VIDEO | SDL_INIT_NOPARACHUTE) < 0) throw Exception(SDL_GetError());
-    SDL_SetVideoMode(1, 1, 0, 0);
-    SDLContext::init(0, 800, 600);
-
+/// The flights show no explosions, but ask how long they take.
+void addExplosions() {
     const TempDir dir;
     sprites::writeExplosions(dir);
     for (const auto& [name, files] :
@@ -59,13 +54,6 @@ void startBlind() {
           std::pair("torpedo_explosion", "torpedo_explosion_blue*.png")})
         GFX_Factory::getInstance()->addAnimatedSprite(name, (dir / sprites::series) + files,
                                                       sprites::explosion_frames);
-}
-
-std::map<std::string, XMLElement> findSections(const XMLElement& root) {
-    std::map<std::string, XMLElement> sections;
-    for (XMLElement child = root.getFirstChild(); !child.isNull(); child = child.getNext())
-        sections.insert_or_assign(child.getName(), child);
-    return sections;
 }
 
 /// Flies the levels in a row until one is not won.
@@ -156,9 +144,10 @@ void print(unsigned level, const std::vector<Report>& reports) {
 
 void run(const std::string& which, unsigned count, unsigned seed) {
     std::cout.setstate(std::ios::failbit);  // the game's own words
-    startBlind();
+    blind::start(0);
+    addExplosions();
     const XMLParser parser(game_file);
-    const auto sections = findSections(parser.getRootElement());
+    const auto sections = elements::findSections(parser.getRootElement());
     FontFactory::getInstance()->load(sections.at("Fonts"));
     PartStore::getInstance()->load(sections.at("PartSection"));
     Flights flights;

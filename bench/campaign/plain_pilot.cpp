@@ -109,9 +109,18 @@ void PlainPilot::enter(const Galaxy& g, const std::set<int>& hostile) {
     breaking_off = false;
 }
 
+void PlainPilot::rest(int time_diff) {
+    for (int* left : {&left_hand, &right_hand, &next_torpedo, &next_choice, &evasion})
+        *left = std::max(0, *left - time_diff);
+}
+
+void PlainPilot::flyTo(const Point4& place, int time_diff) {
+    rest(time_diff);
+    land(place);
+}
+
 void PlainPilot::fly(int time_diff) {
-    for (int* rest : {&left_hand, &right_hand, &next_torpedo, &next_choice, &evasion})
-        *rest = std::max(0, *rest - time_diff);
+    rest(time_diff);
     if (next_choice == 0 || !target || !*target) chooseTarget();
     if (!target || !*target) return;
 

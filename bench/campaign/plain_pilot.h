@@ -18,6 +18,7 @@ class Starship;
 class PlainPilot {
 public:
     explicit PlainPilot(Starship& ship) : ship(ship) {}
+    virtual ~PlainPilot() = default;
 
     Starship& getShip() const { return ship; }
     /// Takes up the flight in a galaxy, against the ships of those ids. The ship goes on turning as
@@ -26,6 +27,12 @@ public:
 
     /// Presses what is due in the next `time_diff` milliseconds.
     void fly(int time_diff);
+    /// The same, straight to a place at full speed, whatever the story asks for.
+    void flyTo(const Point4& place, int time_diff);
+
+protected:
+    /// Presses and releases a key.
+    virtual void press(SDLKey key) const;
 
 private:
     /// The ids of what would bring the story nearest to its end.
@@ -39,6 +46,8 @@ private:
 
     void attack(const Starship& target);
     void evade(const _GameObject& other);
+    /// Lets so many milliseconds pass for both hands.
+    void rest(int time_diff);
     void land(const Point4& place);
     /// The ship with which this one is about to collide, an empty slot if there is none.
     ObjectSlot findCollision() const;
@@ -51,7 +60,6 @@ private:
     void launch(const Starship& target);
 
     void turn(int& rate, int wanted, SDLKey less, SDLKey more);
-    void press(SDLKey key) const;
     /// How another ship moves as seen from this one, in world units per second.
     Vector4 getDrift(const Starship& other) const;
     float getClosingSpeed(const Starship& other) const;
