@@ -7,6 +7,7 @@
 #include "main/log_factory.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <iostream>
 #include <iterator>
 
@@ -43,6 +44,14 @@ constexpr DrawCommand draw_commands[] = {
     {SDLK_t, [](OpenGLContext& gl) { gl.setDrawMode(DRAW_TEXTURE); }},
     {SDLK_n, [](OpenGLContext& gl) { gl.setDrawMode(DRAW_MULTITEX); }},
 };
+
+/// The launchers ask for a keyboard whose lock keys modify nothing. SDL 1.2 sees to that itself;
+/// the layer over SDL 2, with versions from 1.2.50 on, does not know the variable.
+void leaveOutLockKeys(SDL_keysym& pressed) {
+    constexpr int first_layer = 50;
+    if (SDL_Linked_Version()->patch < first_layer || !std::getenv("SDL_DISABLE_LOCK_KEYS")) return;
+    pressed.mod = static_cast<SDLMod>(pressed.mod & ~(KMOD_NUM | KMOD_CAPS));
+}
 
 /// Modifiers count as a whole: with a lock key or a second modifier on, a key is no command.
 bool isKey(const SDL_keysym& pressed, SDLKey key, SDLMod modifiers) {
@@ -124,7 +133,8 @@ int SDLContext::pollEvent(SDL_Event& event) {
         }
         if (event.type != SDL_KEYDOWN) return 1;
 
-        const SDL_keysym& pressed = event.key.keysym;
+        SDL_keysym& pressed = event.key.keysym;
+        leaveOutLockKeys(pressed);
         if (isKey(pressed, SDLK_RETURN, KMOD_LALT)) {
             toggleFullScreen();
             event.type = SDL_VIDEOEXPOSE;

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <iostream>
+#include <vector>
 
 namespace {
 
@@ -20,9 +21,11 @@ TEST(SoundFactory, ReadsAFileOnceAndComplainsOfWhatIsNoSound) {
     const std::string file = dir / "tone.wav";
     const auto play = [&] { return GameSound::getInstance()->playSound(SND_ENGINE, file, 9, 0); };
     const std::string missing = "missing";
-    for (const std::string& content :
-         {missing, std::string("no sound"), sounds::wave(1).substr(0, 99), sounds::wave(1, 0),
-          sounds::wave(1, 1, 1), sounds::wave(1, 1, 1000000000)}) {
+    std::vector<std::string> contents = {missing, "no sound", sounds::wave(1, 0),
+                                         sounds::wave(1, 1, 1), sounds::wave(1, 1, 1000000000)};
+    // The layer over SDL 2, with versions from 1.2.50 on, plays what there is of a file cut short.
+    if (SDL_Linked_Version()->patch < 50) contents.push_back(sounds::wave(1).substr(0, 99));
+    for (const std::string& content : contents) {
         if (content != missing) dir.write("tone.wav", content);
         const Capture errors(std::cerr);
         EXPECT_EQ(play(), -1);
@@ -72,7 +75,7 @@ TEST(AudioFactory, StartsWithTheProgramAndHasItsOwnVolumes) {
                             "* sampling rate: 22050\n* channels: 16\n* buffer size: 4096 byte\n"
                             "40, nothing thrown"));
     EXPECT_EXIT(startUp("nosuch"), testing::ExitedWithCode(0),
-                testing::Eq("No available audio device"));
+                testing::MatchesRegex("No available audio device|Audio target .* not available"));
 }
 
 }  // namespace

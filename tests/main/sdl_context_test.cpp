@@ -39,12 +39,12 @@ int press(SDLKey key, int modifiers) {
 
 }  // namespace
 
-// A command is swallowed and works on every frame from then on. Lock keys, further modifiers and
-// the right Alt key make an ordinary key of it.
+// A command is swallowed and works on every frame from then on. Further modifiers and the right Alt
+// key make an ordinary key of it.
 TEST(EventFilter, AltLettersChangeHowFramesAreDrawn) {
     window();
     const OpenGLContext& gl = *OpenGLContext::getInstance();
-    for (int modifiers : {int(KMOD_NONE), int(KMOD_RALT), KMOD_LALT | KMOD_NUM})
+    for (int modifiers : {int(KMOD_NONE), int(KMOD_RALT), KMOD_LALT | KMOD_LSHIFT})
         for (const SDLKey key : {SDLK_w, SDLK_c, SDLK_b, SDLK_RETURN})
             EXPECT_EQ(press(key, modifiers), SDL_KEYDOWN) << key << " with " << modifiers;
     for (int mode = DRAW_WIRE; mode <= DRAW_MULTITEX; ++mode) {
@@ -83,13 +83,16 @@ TEST(EventFilter, ResizeReachesViewportAndCamera) {
     }
 }
 
-// SDL drops its queue when an event type is switched; the player's wish to leave survives.
+// SDL drops its queue when an event type is switched, the layer over SDL 2 nothing; the player's
+// wish to leave survives, once.
 TEST(EventFilter, SwitchingEventsKeepsAWindowClose) {
     for (auto change : {&SDLContext::disableEvents, &SDLContext::enableEvents}) {
         queue({.type = SDL_QUIT});
         (window().*change)(SDL_MOUSEMOTION);
-        EXPECT_EQ(nextEvent(), SDL_QUIT);
-        EXPECT_NE(nextEvent(), marker);
+        int event = nextEvent();
+        if (event == marker) event = nextEvent();
+        EXPECT_EQ(event, SDL_QUIT);
+        EXPECT_EQ(nextEvent(), SDL_NOEVENT);
     }
 }
 

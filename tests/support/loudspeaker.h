@@ -31,8 +31,8 @@ public:
     }
 
     /// Waits for the end of what plays, or for more than a second of it, and switches off. The
-    /// loudest moment on the left and on the right, for sounds of that level, in the mixer's
-    /// shares: up to 255.
+    /// loudest level that lasts on the left and on the right, for sounds of that level, in the
+    /// mixer's shares: up to 255.
     std::pair<int, int> hear(int level = 25500) {
         const auto enough = std::filesystem::file_size(recording) + 200000;
         const auto goesOn = [] { return Mix_Playing(-1) > 0 || Mix_PlayingMusic(); };
@@ -41,12 +41,16 @@ public:
 
         const std::string bytes = readFile(recording);
         const double share = level * AudioFactory::channel_volume / 128.0 / 255;
-        int peak[2] = {};
-        for (size_t i = 0; i + 1 < bytes.size(); i += 2) {
+        const auto loudness = [&](size_t at) {
             short sample;
-            std::memcpy(&sample, &bytes[i], sizeof sample);
-            peak[i / 2 % 2] = std::max<int>(peak[i / 2 % 2], std::abs(sample));
-        }
+            std::memcpy(&sample, &bytes[at], sizeof sample);
+            return std::abs(sample);
+        };
+        constexpr size_t lasting = 4 * 300;  // a resampler rings for some frames about an edge
+        int peak[2] = {};
+        for (size_t i = lasting; i + 1 < bytes.size(); i += 2)
+            peak[i / 2 % 2] =
+                std::max(peak[i / 2 % 2], std::min(loudness(i), loudness(i - lasting)));
         return {std::lround(peak[0] / share), std::lround(peak[1] / share)};
     }
 

@@ -6,7 +6,8 @@
 
 namespace {
 
-/// What a test leaves switched on in the renderer is no business of the next one in the same process.
+/// What a test leaves switched on in the renderer is no business of the next one in the same
+/// process.
 struct RendererState : testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo&) override {
         saved = SDL_GetVideoSurface() != nullptr;
