@@ -87,6 +87,12 @@ void logProgress(const std::string& text) {
     logLine(std::cout, "SDL: ", text);
 }
 
+/// For the end of the process: the libraries go one by one, and a thread of SDL's that still ran
+/// would call into what is gone. Window and driver stay, and the system takes them.
+void endThreads() {
+    SDL_QuitSubSystem(SDL_INIT_AUDIO | SDL_INIT_TIMER);
+}
+
 /// Video and sound are what the game cannot do without.
 void initOrThrow(Uint32 subsystem) {
     if (SDL_Init(subsystem) == -1) throw Exception(SDL_GetError());
@@ -110,6 +116,7 @@ SDLContext::SDLContext(int flags, int w, int h) : width(w), height(h) {
     if (flags & SDL_INIT_AUDIO) initAudio();
     if (flags & SDL_INIT_JOYSTICK) initJoystick();
     initTimer();
+    std::atexit(endThreads);
 }
 
 // The screen and the video record are SDL's own and go with it.
