@@ -30,8 +30,9 @@ build() {
     cmake --build --preset "$@"
 }
 
+# The window is in the corner, where SDL 1.2 puts it; the layer over SDL 2 centres it.
 on_virtual_display() {
-    xvfb-run -a -s '-screen 0 1024x768x24 -noreset' "$@"
+    SDL_VIDEO_WINDOW_POS=0,0 xvfb-run -a -s '-screen 0 1024x768x24 -noreset' "$@"
 }
 
 # Runs a command on the user's display, or on a virtual one where there is none.

@@ -70,6 +70,7 @@ void run(std::uint64_t time, unsigned seed) {
     simulated_time::set(std::numeric_limits<Uint32>::max() - time / 2);
     Watch watch;
     blind::start(SDL_INIT_AUDIO);
+    std::atexit(simulated_time::stop);  // before SDL's own end
     {
         Game game(game_file);
         Player somebody(findEnemies(), watch, time, std::min(longest_warm_up, time / 2), seed);

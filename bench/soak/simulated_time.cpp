@@ -38,6 +38,12 @@ public:
                      [this] { return awake == 0 && (alarms.empty() || *alarms.begin() > time); });
     }
 
+    void stop() {
+        const std::lock_guard lock(mutex);
+        stopped = true;
+        moved.notify_all();
+    }
+
     /// Who sleeps often wakes as often as he wants on the whole, though only between frames.
     void sleep(std::uint64_t milliseconds) {
         thread_local bool is_counted = false;
@@ -51,7 +57,7 @@ public:
         if (is_counted) --awake;
         const auto entry = alarms.insert(alarm);
         settled.notify_all();
-        moved.wait(lock, [this] { return alarm <= time; });
+        moved.wait(lock, [this] { return alarm <= time || stopped; });
         alarms.erase(entry);
         ++awake;
         is_counted = true;
@@ -65,7 +71,8 @@ private:
     std::condition_variable moved, settled;
     std::uint64_t time = 0;
     std::multiset<std::uint64_t> alarms;  ///< of the threads that sleep
-    int awake = 0;                        ///< threads that have slept before and do not now
+    bool stopped = false;
+    int awake = 0;  ///< threads that have slept before and do not now
 };
 
 }  // namespace
@@ -80,6 +87,10 @@ std::uint64_t simulated_time::get() {
 
 void simulated_time::pass(std::uint64_t milliseconds) {
     Clock::getInstance().pass(milliseconds);
+}
+
+void simulated_time::stop() {
+    Clock::getInstance().stop();
 }
 
 Uint32 SDL_GetTicks() {

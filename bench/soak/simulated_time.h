@@ -13,5 +13,7 @@ void set(std::uint64_t milliseconds);
 std::uint64_t get();
 /// Lets time pass; returns when every thread that is awake by then sleeps again.
 void pass(std::uint64_t milliseconds);
+/// For the end of the program: nobody sleeps from now on, so that SDL can end its threads.
+void stop();
 
 }  // namespace simulated_time
