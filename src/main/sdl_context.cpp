@@ -87,9 +87,11 @@ void logProgress(const std::string& text) {
     logLine(std::cout, "SDL: ", text);
 }
 
-/// For the end of the process: the libraries go one by one, and a thread of SDL's that still ran
-/// would call into what is gone. Window and driver stay, and the system takes them.
-void endThreads() {
+/// For the end of the process: the desktop gets its own resolution back, and SDL's threads end
+/// before the libraries that they call into go. Window and driver stay, and the system takes them.
+void letGo() {
+    SDL_Surface* screen = SDL_GetVideoSurface();
+    if (screen && (screen->flags & SDL_FULLSCREEN) != 0) SDL_WM_ToggleFullScreen(screen);
     SDL_QuitSubSystem(SDL_INIT_AUDIO | SDL_INIT_TIMER);
 }
 
@@ -116,7 +118,7 @@ SDLContext::SDLContext(int flags, int w, int h) : width(w), height(h) {
     if (flags & SDL_INIT_AUDIO) initAudio();
     if (flags & SDL_INIT_JOYSTICK) initJoystick();
     initTimer();
-    std::atexit(endThreads);
+    std::atexit(letGo);
 }
 
 // The screen and the video record are SDL's own and go with it.
