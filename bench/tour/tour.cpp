@@ -339,23 +339,23 @@ void Tour::land() {
     goal = 0;
 }
 
-/// Two torpedoes on their way, the rest of the level, and the landing that ends it.
+/// A torpedo on its way, the rest of the level, and the landing that ends it, whenever that comes.
 void Tour::launch() {
+    const auto meanwhile = [this](const Condition& holds) {
+        return [this, holds] {
+            if (standing > 3) screen::act("key space");
+            return holds();
+        };
+    };
     hands_on = launches = true;
     if (!cameras().isAutoWeapon()) stop("F12", "", passenger::isIdle);
-    stop("", "torpedo-followed", watches(CAM_TORPEDO), 12, level_limit);
-    stop("F12", "", watchesFront);
-
-    const unsigned long before = player()->getGalaxy()->getNumTorpedos();
-    const auto is_launched = [=] { return player()->getGalaxy()->getNumTorpedos() > before; };
-    stop("", "torpedo", is_launched, 2, level_limit);
-    stop("F4", "camera-torpedo", watches(CAM_TORPEDO));
+    const Condition on_torpedo = meanwhile(watches(CAM_TORPEDO));
+    stop("", "torpedo-followed", on_torpedo, 6, level_limit);
     stop("F1", "", watchesFront);
+    stop("F4", "camera-torpedo", on_torpedo, 0, level_limit);
+    stop("F12 F1", "", watchesFront);
 
-    const auto is_next = [this] {
-        if (standing > 3) screen::act("key space");
-        return find(wreck)->getName() == "Wreck";
-    };
+    const auto is_next = meanwhile([] { return find(wreck)->getName() == "Wreck"; });
     stop("", "level-two", is_next, 0, level_limit);
 }
 
