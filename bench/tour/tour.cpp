@@ -352,7 +352,7 @@ void Tour::launch() {
     const Condition on_torpedo = meanwhile(watches(CAM_TORPEDO));
     stop("", "torpedo-followed", on_torpedo, 6, level_limit);
     stop("F1", "", watchesFront);
-    stop("F4", "camera-torpedo", on_torpedo, 0, level_limit);
+    stop("F4", "", on_torpedo, 0, level_limit);  // the same picture, by hand
     stop("F12 F1", "", watchesFront);
 
     const auto is_next = meanwhile([] { return find(wreck)->getName() == "Wreck"; });

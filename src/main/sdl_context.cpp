@@ -118,7 +118,7 @@ SDLContext::SDLContext(int flags, int w, int h) : width(w), height(h) {
     if (flags & SDL_INIT_AUDIO) initAudio();
     if (flags & SDL_INIT_JOYSTICK) initJoystick();
     initTimer();
-    std::atexit(letGo);
+    static_cast<void>(std::atexit(letGo));  // there is room for 32 of them at least
 }
 
 // The screen and the video record are SDL's own and go with it.
