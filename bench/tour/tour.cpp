@@ -171,7 +171,7 @@ private:
     /// Gives a picture its number, and returns the name of the file.
     std::string write(const screen::Picture& picture, const std::string& name);
 
-    int number = 0;  ///< of the last picture
+    std::vector<std::string> pictures;  ///< files
     screen::Picture last;
     std::optional<Pilot> pilot;
     const Galaxy* entered = nullptr;  ///< by the pilot
@@ -238,8 +238,9 @@ void Tour::stop(const std::string& keys, const std::string& name, const Conditio
 
 std::string Tour::write(const screen::Picture& picture, const std::string& name) {
     std::ostringstream text;
-    text << std::setfill('0') << std::setw(2) << ++number << '-' << name << ".png";
+    text << std::setfill('0') << std::setw(2) << pictures.size() + 1 << '-' << name << ".png";
     const std::string file = folder / text.str();
+    pictures.push_back(file);
     png_image image = {};
     image.version = PNG_IMAGE_VERSION;
     image.width = screen::width;
@@ -359,9 +360,10 @@ void Tour::launch() {
     stop("", "level-two", is_next, 0, level_limit);
 }
 
-/// The first level, to its end. False if the ship is lost; then a new one is ready at the start.
+/// The first level, to its end. False if the ship is lost; then its pictures are gone, and a new ship
+/// is ready at the start.
 bool Tour::win() {
-    const int before = number;
+    const size_t before = pictures.size();
     goal = 0;
     try {
         shoot();
@@ -370,7 +372,8 @@ bool Tour::win() {
         return true;
     } catch (const Lost&) {
         hands_on = false;
-        number = before;
+        for (; pictures.size() > before; pictures.pop_back())
+            std::filesystem::remove(pictures.back());
         stop("", "menu-after-loss", isMenu);
         stop("Return", "", isFlight);
         return false;
@@ -392,7 +395,7 @@ void Tour::leave() {
     stop("Escape", "menu-pause", isMenu, 10);
     const std::string status = readFile("/proc/self/status");
     const int memory = std::stoi(status.substr(status.find("VmHWM:") + 6)) / 1024;
-    std::printf("tour: %d pictures, at most %d MB in use\n", number, memory);
+    std::printf("tour: %zu pictures, at most %d MB in use\n", pictures.size(), memory);
     if (memory > memory_limit)
         passenger::fail("more than " + std::to_string(memory_limit) + " MB in use");
     screen::act(quit_button + "click 1");
