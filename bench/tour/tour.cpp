@@ -298,8 +298,12 @@ void Tour::lookAround() {
     stop("alt+p", "smooth", done);
     stop("alt+t", "one-texture", done);
     stop("alt+n alt+c", "frame-rate", done);
-    stop("alt+Return", "full-screen-corner", isFullScreen);
-    stop("alt+Return", "", [] { return !isFullScreen(); });
+    // Without a window manager the layer over SDL 2, with versions from 1.2.50 on, would keep the
+    // window as large as the screen.
+    if (SDL_Linked_Version()->patch < 50) {
+        stop("alt+Return", "full-screen-corner", isFullScreen);
+        stop("alt+Return", "", [] { return !isFullScreen(); });
+    }
 
     constexpr size_t size = 18 + screen::width * screen::height * 3;
     std::filesystem::remove("screenshot.tga");
@@ -360,8 +364,8 @@ void Tour::launch() {
     stop("", "level-two", is_next, 0, level_limit);
 }
 
-/// The first level, to its end. False if the ship is lost; then its pictures are gone, and a new ship
-/// is ready at the start.
+/// The first level, to its end. False if the ship is lost; then its pictures are gone, and a new
+/// ship is ready at the start.
 bool Tour::win() {
     const size_t before = pictures.size();
     goal = 0;
