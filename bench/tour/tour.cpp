@@ -298,8 +298,8 @@ void Tour::lookAround() {
     stop("alt+p", "smooth", done);
     stop("alt+t", "one-texture", done);
     stop("alt+n alt+c", "frame-rate", done);
-    // Without a window manager the layer over SDL 2, with versions from 1.2.50 on, would keep the
-    // window as large as the screen.
+    // The layer over SDL 2, with versions from 1.2.50 on, may keep the window as large as the
+    // screen where no window manager is.
     if (SDL_Linked_Version()->patch < 50) {
         stop("alt+Return", "full-screen-corner", isFullScreen);
         stop("alt+Return", "", [] { return !isFullScreen(); });
