@@ -26,6 +26,7 @@ step "address, undefined behaviour and leak sanitizers" sanitized asan
 step "thread sanitizer" sanitized tsan
 step "fuzzers, a minute each" fuzz/run 60
 step "clang-tidy" tools/lint
+step "package" packaging/test
 
 if [[ ${#failed[@]} -gt 0 ]]; then
     printf 'Failed: %s\n' "${failed[@]}" >&2
