@@ -31,7 +31,7 @@ build() {
 }
 
 # What the presets with sanitizers are told: what to pass over that libraries do among themselves. Looking into
-# the libraries' thread-local data, the leak check now and then fell over a thread that was ending.
+# the libraries' thread-local data, the leak check can fall over a thread that is ending.
 prepare_sanitizers() {
     export ASAN_OPTIONS=intercept_tls_get_addr=0
     export LSAN_OPTIONS="suppressions='$PWD/tests/support/lsan.supp':print_suppressions=0"
